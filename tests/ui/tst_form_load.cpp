@@ -1,0 +1,63 @@
+// Start-up in this process: the shared record after Form_Load, and the bare window.
+#include "frmFond.h"
+#include "modBase.h"
+#include "program_folder.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTest>
+
+class TestFormLoad : public QObject {
+    Q_OBJECT
+
+private slots:
+    void setsTheSharedRecord()
+    {
+        gNomJoueur = QStringLiteral("ANCIEN");
+        gNomPartie = QStringLiteral("partie");
+        gJeu = 3;
+        frmFond fond;
+        fond.mCtrl = true;
+        QVERIFY(fond.Form_Load());
+
+        QCOMPARE(gCheminApp, QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator());
+        QCOMPARE(gFichierBest, QStringLiteral("mlbestTime.dat"));
+        QVERIFY(gNomJoueur.isEmpty());
+        QVERIFY(gNomPartie.isEmpty());
+        QCOMPARE(gJeu, 0);
+        QVERIFY(!fond.mCtrl);
+        QCOMPARE(gNiveaux1.size(), 4000);
+        QCOMPARE(gNiveaux2.size(), 7200);
+        QCOMPARE(gNiveaux3.size(), 9720);
+    }
+
+    void aSecondStartInTheSameSessionIsRefusedUntilTheFirstEnds()
+    {
+        auto first = std::make_unique<frmFond>();
+        QVERIFY(first->Form_Load());
+        frmFond second;
+        QVERIFY(!second.Form_Load());
+        first.reset();
+        frmFond third;
+        QVERIFY(third.Form_Load());
+    }
+
+    void theWindowIsABorderless600By600Square()
+    {
+        frmFond fond;
+        QCOMPARE(fond.size(), QSize(600, 600));
+        QCOMPARE(fond.minimumSize(), fond.maximumSize());
+        QVERIFY(fond.windowFlags() & Qt::FramelessWindowHint);
+        QCOMPARE(fond.windowTitle(), QStringLiteral("Marelle"));
+    }
+
+    void theProgramFolderEndsInExactlyOneSeparator()
+    {
+        QCOMPARE(withTrailingSeparator(QStringLiteral("/")), QStringLiteral("/"));
+        QCOMPARE(withTrailingSeparator(QStringLiteral("/usr/lib/marelle")), QStringLiteral("/usr/lib/marelle/"));
+        QCOMPARE(withTrailingSeparator(QStringLiteral("/usr/lib/marelle/")), QStringLiteral("/usr/lib/marelle/"));
+    }
+};
+
+QTEST_MAIN(TestFormLoad)
+#include "tst_form_load.moc"

@@ -1,0 +1,6 @@
+// The folder of a path, with exactly one trailing separator.
+#pragma once
+
+#include <QString>
+
+QString withTrailingSeparator(const QString &folder);
