@@ -1,16 +1,124 @@
 #include "frmFond.h"
 
+#include "bitblt.h"
+#include "fonts.h"
 #include "level_store.h"
 #include "modBase.h"
+#include "pointers.h"
 #include "program_folder.h"
 #include "running_instance.h"
+#include "sound.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWindow>
 
-frmFond::frmFond(QWidget *parent) : QWidget(parent, Qt::FramelessWindowHint)
+namespace {
+
+frmFond *theMainWindow = nullptr;
+
+struct MenuButton {
+    int left;
+    int top;
+    const char *toolTip;
+};
+
+const MenuButton kMenuButtons[7] = {
+    {38, 131, "Cliquez sur ce bouton pour lancer le jeu 1"},
+    {38, 186, "Cliquez sur ce bouton pour lancer le jeu 2"},
+    {36, 241, "Cliquez sur ce bouton pour lancer le jeu 3"},
+    {37, 296, "Cliquez sur ce bouton pour abandonner en cours de partie"},
+    {32, 351, "Cliquez sur ce bouton pour lire le tableau des scores"},
+    {20, 407, "Cliquez sur ce bouton pour accéder à l'aide"},
+    {9, 461, "Cliquez sur ce bouton pour quitter le programme"},
+};
+
+QLabel *makeLabel(QWidget *parent, QRect geometry, Qt::Alignment alignment, const char *colour)
 {
+    auto *label = new QLabel(parent);
+    label->setGeometry(geometry);
+    label->setFont(boldArial(19));
+    label->setAlignment(alignment);
+    label->setStyleSheet(QStringLiteral("color: #%1; background: transparent;").arg(QLatin1String(colour)));
+    label->hide();
+    return label;
+}
+
+Surface *makeSheet(QWidget *parent, const QString &picture)
+{
+    auto *sheet = new Surface(parent);
+    sheet->loadPicture(picture);
+    sheet->hide();
+    return sheet;
+}
+
+Surface *makeScreen(QWidget *parent)
+{
+    auto *screen = new Surface(parent);
+    screen->setCursor(customPointer());
+    screen->hide();
+    return screen;
+}
+
+// Key codes as the handlers know them; only Ctrl is told apart.
+int keyCodeOf(const QKeyEvent *event) { return event->key() == Qt::Key_Control ? 17 : event->key(); }
+
+} // namespace
+
+frmFond *mainWindow() { return theMainWindow; }
+
+frmFond::frmFond(QWidget *parent)
+    : Surface(parent)
+{
+    theMainWindow = this;
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setWindowTitle(QStringLiteral("Marelle"));
+    loadPicture(QStringLiteral(":/art/fond.jpg"));
     setFixedSize(600, 600);
+
+    imgMove = new HotSpot(this);
+    imgMove->setGeometry(0, 0, 601, 22);
+    imgMove->setCursor(Qt::SizeAllCursor);
+    connect(imgMove, &HotSpot::mouseDown, this, &frmFond::imgMove_MouseDown);
+    connect(imgMove, &HotSpot::mouseMove, this, &frmFond::imgMove_MouseMove);
+    connect(imgMove, &HotSpot::mouseUp, this, &frmFond::imgMove_MouseUp);
+
+    for (int i = 0; i < 7; ++i) {
+        imgMenu[i] = new HotSpot(this);
+        imgMenu[i]->setGeometry(kMenuButtons[i].left, kMenuButtons[i].top, 43, 43);
+        imgMenu[i]->setCursor(customPointer());
+        imgMenu[i]->setToolTip(QString::fromUtf8(kMenuButtons[i].toolTip));
+    }
+
+    labNiveau = makeLabel(this, QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, "404040");
+    labNiveau->setText(QStringLiteral("000"));
+    labTemps = makeLabel(this, QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, "E0E0E0");
+
+    pctEcran1 = makeScreen(this);
+    pctEcran2 = makeScreen(this);
+    pctEcran3 = makeScreen(this);
+    pctPion1 = makeSheet(this, QStringLiteral(":/art/pion1.bmp"));
+    pctPion2 = makeSheet(this, QStringLiteral(":/art/pion2.bmp"));
+    pctPion3 = makeSheet(this, QStringLiteral(":/art/pion3.bmp"));
+    pctMenu = makeSheet(this, QStringLiteral(":/art/menu.bmp"));
+
+    Picture1 = new Surface(this);
+    Picture1->loadPicture(QStringLiteral(":/art/catalogue.jpg"));
+    Picture1->move(0, 510);
+    Picture1->setCursor(handPointer());
+    Picture1->setToolTip(QStringLiteral("le catalogue Cerisaie Logiciels"));
+    Picture1->hide();
+    connect(Picture1, &Surface::clicked, this, &frmFond::Picture1_Click);
+
+    myTimer.setInterval(1000);
+    connect(&myTimer, &QTimer::timeout, this, &frmFond::myTimer_Timer);
+
+    qApp->installEventFilter(this);
+}
+
+frmFond::~frmFond()
+{
+    if (theMainWindow == this) theMainWindow = nullptr;
 }
 
 bool frmFond::Form_Load()
@@ -19,7 +127,9 @@ bool frmFond::Form_Load()
     if (!mInstance) return false;
 
     gCheminApp = withTrailingSeparator(QCoreApplication::applicationDirPath());
+    preloadCues();
     gFichierBest = QStringLiteral("mlbestTime.dat");
+    Picture1->show();
 
     mCtrl = false;
     gNomJoueur.clear();
@@ -27,5 +137,91 @@ bool frmFond::Form_Load()
     gJeu = 0;
 
     ChargeNiveaux();
+    AfficheMenu(0);
     return true;
+}
+
+void frmFond::AfficheMenu(int32_t etat)
+{
+    BitBlt(image, 0, 130, 80, 375, pctMenu->image, etat == 0 ? 0 : 80, 0, SRCCOPY);
+    refresh();
+}
+
+void frmFond::prepareScreen(Surface *screen, int left, int top, int width, int height)
+{
+    pctEcran1->hide();
+    pctEcran2->hide();
+    pctEcran3->hide();
+    screen->move(left, top);
+    screen->resizeSurface(width, height);
+    BitBlt(screen->image, 0, 0, width, height, image, left, top, SRCCOPY);
+    screen->show();
+}
+
+void frmFond::PrepareEcran1() { prepareScreen(pctEcran1, 128, 26, 432, 548); }
+void frmFond::PrepareEcran2() { prepareScreen(pctEcran2, 104, 30, 480, 540); }
+void frmFond::PrepareEcran3() { prepareScreen(pctEcran3, 110, 66, 468, 468); }
+
+void frmFond::showLevelNumber()
+{
+    labNiveau->setText((QStringLiteral("000") + QString::number(gNiveau)).right(3));
+    labNiveau->show();
+}
+
+void frmFond::Form_KeyDown(int KeyCode, Qt::KeyboardModifiers)
+{
+    if (KeyCode == 17) mCtrl = true;
+}
+
+void frmFond::Form_KeyUp(int, Qt::KeyboardModifiers) { mCtrl = false; }
+
+void frmFond::imgMove_MouseDown(Qt::MouseButton, Qt::KeyboardModifiers, double X, double Y)
+{
+    mPriseX = static_cast<int32_t>(std::lround(X));
+    mPriseY = static_cast<int32_t>(std::lround(Y));
+    mGlisse = true;
+    // Where the platform keeps windows from moving themselves, it moves this one itself.
+    if (QGuiApplication::platformName() == QLatin1String("wayland")) {
+        mGlisse = false;
+        windowHandle()->startSystemMove();
+    }
+}
+
+void frmFond::imgMove_MouseMove(Qt::MouseButtons, Qt::KeyboardModifiers, double X, double Y)
+{
+    if (!mGlisse) return;
+    move(x() + static_cast<int>(std::lround(X)) - mPriseX, y() + static_cast<int>(std::lround(Y)) - mPriseY);
+}
+
+void frmFond::imgMove_MouseUp(Qt::MouseButton, Qt::KeyboardModifiers, double, double) { mGlisse = false; }
+
+void frmFond::myTimer_Timer()
+{
+    gTempsNiveau += 1.0;
+    labTemps->setText(QStringLiteral(" ") + QString::number(static_cast<qint64>(gTempsNiveau)));
+}
+
+void frmFond::countWonLevelTime()
+{
+    gASauver = true;
+    myTimer.stop();
+    gTempsTotal += gTempsNiveau;
+    if (gTempsTotal > 356400.0) gTempsTotal = 356400.0;
+    gTempsNiveau = 0;
+}
+
+void frmFond::Picture1_Click() { tambour.invoke(24, gCheminApp + QStringLiteral("catalogue.chm")); }
+
+bool frmFond::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    auto *widget = qobject_cast<QWidget *>(watched);
+    if (isKey && widget && widget->window() == this && isEnabled()) {
+        auto *key = static_cast<QKeyEvent *>(event);
+        if (event->type() == QEvent::KeyPress)
+            Form_KeyDown(keyCodeOf(key), key->modifiers());
+        else
+            Form_KeyUp(keyCodeOf(key), key->modifiers());
+    }
+    return Surface::eventFilter(watched, event);
 }

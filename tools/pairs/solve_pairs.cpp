@@ -253,11 +253,26 @@ int32_t pairParity(const PairBoard &board)
     return p;
 }
 
+bool playsToEmpty(const PairBoard &level, const std::vector<PairMove> &moves)
+{
+    PairBoard board = level;
+    board.iChoix3 = -1;
+    board.iCoup3 = -1;
+    for (const auto &[first, second] : moves) {
+        if (first < 0 || first >= kCells || second < 0 || second >= kCells || first == second) return false;
+        if (board.tabPions3[first % kSide][first / kSide] == 0) return false;
+        board.Selectionne3(first % kSide, first / kSide);
+        if (!board.Pareil3(second % kSide, second / kSide)) return false;
+        board.Retire3(second % kSide, second / kSide);
+    }
+    return board.Vide3();
+}
+
 std::optional<std::vector<PairMove>> solvePairs(const PairBoard &level, int64_t maxPositions)
 {
     const Cells start = cellsOf(level);
     if (pairParity(level) % 2 != 0 || !coloursEven(start)) return std::nullopt;
     PairSearch search(start, maxPositions);
-    if (!search.run()) return std::nullopt;
+    if (!search.run() || !playsToEmpty(level, search.moves())) return std::nullopt;
     return search.moves();
 }

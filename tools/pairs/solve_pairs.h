@@ -15,6 +15,10 @@ using PairMove = std::pair<int32_t, int32_t>;
 // No pair changes whether it is odd, and an empty board has 0, so an odd value means no solution.
 int32_t pairParity(const PairBoard &board);
 
+// Plays the moves on a copy of `level` through the model: each first cell must hold a tile,
+// each second cell must differ from it and match it (Pareil3). True when the board ends empty.
+bool playsToEmpty(const PairBoard &level, const std::vector<PairMove> &moves);
+
 // Searches for pairs that empty the board of `level` (its selection is ignored), looking at
 // no more than `maxPositions` positions. Gives nullopt when there is no solution or when the
 // budget runs out first.

@@ -24,6 +24,7 @@ constexpr size_t kLongestSolution = 42;
 // Cell code of (x, y).
 constexpr int32_t cell(int32_t x, int32_t y) { return y * StoneBoard::kColonnes + x; }
 
+// The fixed levels, one string per row from the top.
 const std::vector<TellingStoneLevel> kTellingLevels = {
     {0, "00000000" "00000000" "00000000" "00011000" "00100100" "00011000" "00000000" "00000000" "00000000",
      {cell(3, 4), cell(4, 4)}},
@@ -169,6 +170,80 @@ void checkTellingLevels(Verdict &verdict, std::string_view store, const std::vec
     }
 }
 
+struct StoreFigures {
+    size_t levelCount = 0;
+    std::vector<LevelFigures> levels;
+    Extreme fewest, most, shortest, longest;
+    std::vector<size_t> unclearable;
+    std::vector<BlockMeans> blocks;
+    size_t distinct = 0;
+};
+
+StoreFigures figuresOfStore(std::string_view store)
+{
+    StoreFigures figures;
+    figures.levelCount = store.size() / kRecordSize;
+    std::set<std::string_view> records;
+    for (size_t n = 0; n < figures.levelCount; ++n) {
+        figures.levels.push_back(figuresOf(store, n));
+        records.insert(store.substr(n * kRecordSize, kRecordSize));
+    }
+    figures.distinct = records.size();
+    figures.fewest = extremeOf(figures.levels, stonesOf, true);
+    figures.most = extremeOf(figures.levels, stonesOf, false);
+    figures.shortest = extremeOf(figures.levels, clicksOf, true);
+    figures.longest = extremeOf(figures.levels, clicksOf, false);
+    figures.unclearable = levelsWhere(figures.levels, [](const LevelFigures &f) { return !f.shortest; });
+    figures.blocks = blockMeans(figures.levels);
+    return figures;
+}
+
+void printTable(std::ostream &out, const StoreFigures &f)
+{
+    out << std::fixed << std::setprecision(2);
+    out << "levels             " << f.levelCount << '\n'
+        << "fewest stones      " << f.fewest.value << " (" << levelList(f.fewest.levels) << ")\n"
+        << "most stones        " << f.most.value << " (" << levelList(f.most.levels) << ")\n"
+        << "shortest solution  " << f.shortest.value << " clicks (" << levelList(f.shortest.levels) << ")\n"
+        << "longest solution   " << f.longest.value << " clicks (" << levelList(f.longest.levels) << ")\n";
+    for (const BlockMeans &block : f.blocks)
+        out << "levels " << std::setw(2) << block.first << '-' << std::setw(2) << block.last << "       mean "
+            << block.stones << " stones, " << block.clicks << " clicks\n";
+    out << "distinct levels    " << f.distinct << '\n'
+        << "clearable levels   " << f.levelCount - f.unclearable.size() << '\n';
+}
+
+void checkLayout(Verdict &verdict, std::string_view store)
+{
+    verdict.expect(store.size() % kRecordSize == 0,
+                   "size " + std::to_string(store.size()) + " is not a multiple of " + std::to_string(kRecordSize));
+    const size_t levelCount = store.size() / kRecordSize;
+    verdict.expect(levelCount == kLevelCount,
+                   std::to_string(levelCount) + " levels instead of " + std::to_string(kLevelCount));
+    verdict.expect(store.find_first_not_of("01") == std::string_view::npos, "a byte other than \"0\" or \"1\"");
+}
+
+void checkFigures(Verdict &verdict, std::string_view store, const StoreFigures &f)
+{
+    checkTellingLevels(verdict, store, f.levels);
+    checkExtreme(verdict, "fewest stones", f.fewest, kFewestStones, {13});
+    checkExtreme(verdict, "most stones", f.most, kMostStones, {61});
+    verdict.expect(f.unclearable.empty(), "cannot be cleared: " + levelList(f.unclearable));
+    checkExtreme(verdict, "shortest solution", f.shortest, kShortestSolution, {0, 1});
+    checkExtreme(verdict, "longest solution", f.longest, kLongestSolution, {61});
+    for (size_t b = 1; b < f.blocks.size(); ++b) {
+        const BlockMeans &block = f.blocks[b];
+        const std::string name = "levels " + std::to_string(block.first) + "-" + std::to_string(block.last);
+        verdict.expect(block.stones > f.blocks[b - 1].stones, name + " do not hold more stones on average");
+        verdict.expect(block.clicks > f.blocks[b - 1].clicks, name + " do not need more clicks on average");
+    }
+    verdict.expect(f.distinct == f.levelCount, std::to_string(f.levelCount - f.distinct) + " levels repeat another");
+    for (size_t n = 0; n < f.levelCount; ++n)
+        if (f.levels[n].shortest)
+            verdict.expect(clicksClearLevel(store, n, *f.levels[n].shortest),
+                           "the solution of level " + std::to_string(n) + " does not clear it on the board");
+}
+
 } // namespace
 
 std::span<const TellingStoneLevel> tellingStoneLevels() { return kTellingLevels; }
@@ -176,57 +251,13 @@ std::span<const TellingStoneLevel> tellingStoneLevels() { return kTellingLevels;
 bool checkStoneLevels(std::string_view store, std::ostream &out)
 {
     Verdict verdict(out);
-    verdict.expect(store.size() % kRecordSize == 0,
-                   "size " + std::to_string(store.size()) + " is not a multiple of " + std::to_string(kRecordSize));
-    const size_t levelCount = store.size() / kRecordSize;
-    verdict.expect(levelCount == kLevelCount, std::to_string(levelCount) + " levels instead of " +
-                                                  std::to_string(kLevelCount));
-    verdict.expect(store.find_first_not_of("01") == std::string_view::npos, "a byte other than \"0\" or \"1\"");
-    if (levelCount == 0) return false;
-
-    std::vector<LevelFigures> all;
-    for (size_t n = 0; n < levelCount; ++n) all.push_back(figuresOf(store, n));
-
-    const Extreme fewest = extremeOf(all, stonesOf, true);
-    const Extreme most = extremeOf(all, stonesOf, false);
-    const Extreme shortest = extremeOf(all, clicksOf, true);
-    const Extreme longest = extremeOf(all, clicksOf, false);
-    const std::vector<size_t> unclearable = levelsWhere(all, [](const LevelFigures &f) { return !f.shortest; });
-    const std::vector<BlockMeans> blocks = blockMeans(all);
-    const std::set<std::string_view> distinct = [&] {
-        std::set<std::string_view> records;
-        for (size_t n = 0; n < levelCount; ++n) records.insert(store.substr(n * kRecordSize, kRecordSize));
-        return records;
-    }();
-
-    out << std::fixed << std::setprecision(2);
-    out << "levels             " << levelCount << '\n'
-        << "fewest stones      " << fewest.value << " (" << levelList(fewest.levels) << ")\n"
-        << "most stones        " << most.value << " (" << levelList(most.levels) << ")\n"
-        << "shortest solution  " << shortest.value << " clicks (" << levelList(shortest.levels) << ")\n"
-        << "longest solution   " << longest.value << " clicks (" << levelList(longest.levels) << ")\n";
-    for (const BlockMeans &block : blocks)
-        out << "levels " << std::setw(2) << block.first << '-' << std::setw(2) << block.last << "       mean "
-            << block.stones << " stones, " << block.clicks << " clicks\n";
-    out << "distinct levels    " << distinct.size() << '\n'
-        << "clearable levels   " << levelCount - unclearable.size() << '\n';
-
-    checkTellingLevels(verdict, store, all);
-    checkExtreme(verdict, "fewest stones", fewest, kFewestStones, {13});
-    checkExtreme(verdict, "most stones", most, kMostStones, {61});
-    verdict.expect(unclearable.empty(), "cannot be cleared: " + levelList(unclearable));
-    checkExtreme(verdict, "shortest solution", shortest, kShortestSolution, {0, 1});
-    checkExtreme(verdict, "longest solution", longest, kLongestSolution, {61});
-    for (size_t b = 1; b < blocks.size(); ++b) {
-        const std::string pair = "levels " + std::to_string(blocks[b].first) + "-" + std::to_string(blocks[b].last);
-        verdict.expect(blocks[b].stones > blocks[b - 1].stones, pair + " do not hold more stones on average");
-        verdict.expect(blocks[b].clicks > blocks[b - 1].clicks, pair + " do not need more clicks on average");
+    if (store.size() < kRecordSize) {
+        checkLayout(verdict, store);
+        return false;
     }
-    verdict.expect(distinct.size() == levelCount,
-                   std::to_string(levelCount - distinct.size()) + " levels repeat another");
-    for (size_t n = 0; n < levelCount; ++n)
-        if (all[n].shortest)
-            verdict.expect(clicksClearLevel(store, n, *all[n].shortest),
-                           "the solution of level " + std::to_string(n) + " does not clear it on the board");
+    const StoreFigures figures = figuresOfStore(store);
+    printTable(out, figures);
+    checkLayout(verdict, store);
+    checkFigures(verdict, store, figures);
     return verdict.ok();
 }

@@ -37,7 +37,7 @@ uint32_t randomBelow(std::mt19937 &rng, uint32_t bound)
     return value % bound;
 }
 
-// count distinct cell codes.
+// That many distinct cell codes, in random order.
 std::vector<int32_t> randomCells(std::mt19937 &rng, size_t count)
 {
     std::vector<int32_t> cells(kCells);

@@ -1,0 +1,152 @@
+// Sound cues and outside documents: JoueSon, OuvreAide with its three outcomes, and the catalogue.
+#include "documents.h"
+#include "frmFond.h"
+#include "modBase.h"
+#include "modal_answer.h"
+#include "sound.h"
+
+#include <QDir>
+#include <QMessageBox>
+#include <QSoundEffect>
+#include <QTemporaryDir>
+#include <QTest>
+
+class TestSoundDocuments : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir desktop; // a desktop of our own: its applications and its default viewers
+    std::unique_ptr<frmFond> fond;
+
+    QString viewerLog() const { return desktop.filePath(QStringLiteral("viewer.log")); }
+
+    // Registers a viewer for a type of document; an empty exec registers none.
+    void registerViewer(const QString &mimeType, const QString &exec)
+    {
+        QDir(desktop.path()).mkpath(QStringLiteral("data/applications"));
+        QFile entry(desktop.filePath(QStringLiteral("data/applications/test-viewer.desktop")));
+        QVERIFY(entry.open(QIODevice::WriteOnly));
+        entry.write("[Desktop Entry]\nType=Application\nName=Viewer\nExec=" + exec.toUtf8() + "\n");
+        entry.close();
+        QFile defaults(desktop.filePath(QStringLiteral("config/mimeapps.list")));
+        QVERIFY(defaults.open(QIODevice::WriteOnly));
+        if (!exec.isEmpty()) defaults.write("[Default Applications]\n" + mimeType.toUtf8() + "=test-viewer.desktop\n");
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QDir(desktop.path()).mkpath(QStringLiteral("config"));
+        QDir(desktop.path()).mkpath(QStringLiteral("empty"));
+        qputenv("XDG_CONFIG_HOME", desktop.filePath(QStringLiteral("config")).toUtf8());
+        qputenv("XDG_DATA_HOME", desktop.filePath(QStringLiteral("data")).toUtf8());
+        qputenv("XDG_DATA_DIRS", desktop.filePath(QStringLiteral("empty")).toUtf8());
+        qputenv("XDG_CONFIG_DIRS", desktop.filePath(QStringLiteral("empty")).toUtf8());
+        QFile script(desktop.filePath(QStringLiteral("viewer.sh")));
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        script.write("#!/bin/sh\nprintf '%s\\n' \"$@\" >> \"" + viewerLog().toUtf8() + "\"\n");
+        script.close();
+        script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
+    }
+
+    void init()
+    {
+        fond = std::make_unique<frmFond>();
+        QVERIFY(fond->Form_Load());
+        gCheminApp = QStringLiteral(BUILD_ROOT "/");
+        fond->tambour.played.clear();
+        openedDocuments().clear();
+        QFile::remove(viewerLog());
+    }
+    void cleanup() { fond.reset(); }
+
+    void theSixCuesDecode()
+    {
+        for (const char *cue : {"marel001.wav", "marel002.wav", "marel007.wav", "marel008.wav", "marel009.wav",
+                                "marel010.wav"}) {
+            QSoundEffect effect;
+            effect.setSource(QUrl::fromLocalFile(gCheminApp + QLatin1String(cue)));
+            QTRY_VERIFY_WITH_TIMEOUT(effect.status() != QSoundEffect::Loading, 5000);
+            QCOMPARE(effect.status(), QSoundEffect::Ready);
+        }
+    }
+
+    void aCuePlayedTwicePlaysTwiceWithoutReload()
+    {
+        JoueSon(QStringLiteral("marel010.wav"));
+        QCOMPARE(fond->tambour.propertyGet(5).toString(), gCheminApp + QStringLiteral("marel010.wav"));
+        JoueSon(QStringLiteral("marel010.wav"));
+        JoueSon(QStringLiteral("marel007.wav"));
+        QCOMPARE(fond->tambour.played, QStringList({"marel010.wav", "marel010.wav", "marel007.wav"}));
+        QCOMPARE(fond->tambour.propertyGet(5).toString(), gCheminApp + QStringLiteral("marel007.wav"));
+    }
+
+    void aMissingWaveIsSilentAndStopsNothing()
+    {
+        JoueSon(QStringLiteral("absent.wav"));
+        QCOMPARE(fond->tambour.played, QStringList({"absent.wav"}));
+    }
+
+    void helpOpensInTheRegisteredViewer()
+    {
+        registerViewer(QStringLiteral("text/html"), desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
+        gJeu = 2;
+        OuvreAide();
+        const QString aide = gCheminApp + QStringLiteral("aidemarelle/aide.htm");
+        QCOMPARE(openedDocuments(), QStringList({aide}));
+        const auto logged = [this] {
+            QFile log(viewerLog());
+            return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()).trimmed() : QString();
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(logged(), aide, 5000);
+        QCOMPARE(gJeu, 2);
+    }
+
+    void noViewerIsSilent()
+    {
+        registerViewer(QStringLiteral("text/html"), QString());
+        OuvreAide();
+        QVERIFY(openedDocuments().isEmpty());
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+
+    void aViewerThatCannotStartGivesTheWarningBox()
+    {
+        // A viewer that is there but whose interpreter is gone.
+        QFile broken(desktop.filePath(QStringLiteral("broken-viewer")));
+        QVERIFY(broken.open(QIODevice::WriteOnly));
+        broken.write("#!/nonexistent/interpreter\n");
+        broken.close();
+        broken.setPermissions(broken.permissions() | QFileDevice::ExeOwner);
+        registerViewer(QStringLiteral("text/html"), broken.fileName() + " %u");
+        QString text;
+        QString title;
+        QMessageBox::Icon icon = QMessageBox::NoIcon;
+        whenModal([&](QWidget *dialog) {
+            auto *box = qobject_cast<QMessageBox *>(dialog);
+            QVERIFY(box);
+            text = box->text();
+            title = box->windowTitle();
+            icon = box->icon();
+            box->accept();
+        });
+        OuvreAide();
+        QCOMPARE(text, QStringLiteral("Impossible d'ouvrir :\r\n") + gCheminApp + QStringLiteral("aidemarelle/aide.htm"));
+        QCOMPARE(title, QStringLiteral("Marelle"));
+        QCOMPARE(icon, QMessageBox::Warning);
+        QVERIFY(openedDocuments().isEmpty());
+    }
+
+    void thePictureOpensTheCatalogue()
+    {
+        registerViewer(QStringLiteral("application/vnd.ms-htmlhelp"),
+                       desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
+        fond->show();
+        QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
+        QTest::mouseClick(fond->Picture1, Qt::LeftButton);
+        QCOMPARE(openedDocuments(), QStringList({gCheminApp + QStringLiteral("catalogue.chm")}));
+        QVERIFY(fond->tambour.played.isEmpty());
+    }
+};
+
+QTEST_MAIN(TestSoundDocuments)
+#include "tst_sound_documents.moc"

@@ -1,0 +1,12 @@
+// Rectangle copy between persistent images with the three raster operations the program draws with.
+#pragma once
+
+#include <QImage>
+#include <cstdint>
+
+constexpr uint32_t SRCCOPY = 0xCC0020;  // destination = source
+constexpr uint32_t SRCPAINT = 0xEE0086; // destination = destination OR source
+constexpr uint32_t SRCAND = 0x8800C6;   // destination = destination AND source
+
+// Copies the w x h rectangle of src at (xSrc, ySrc) onto dest at (x, y) with the raster operation rop.
+void BitBlt(QImage &dest, int x, int y, int w, int h, const QImage &src, int xSrc, int ySrc, uint32_t rop);

@@ -1,0 +1,9 @@
+#include "fonts.h"
+
+QFont boldArial(int pixels)
+{
+    QFont font(QStringLiteral("Arial"));
+    font.setBold(true);
+    font.setPixelSize(pixels);
+    return font;
+}

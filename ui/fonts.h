@@ -1,0 +1,6 @@
+// The program's one typeface, Arial bold, at pixel sizes so that text lands on the same pixels everywhere.
+#pragma once
+
+#include <QFont>
+
+QFont boldArial(int pixels);

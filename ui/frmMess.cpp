@@ -1,0 +1,106 @@
+#include "frmMess.h"
+
+#include "fonts.h"
+#include "frmFond.h"
+#include "pointers.h"
+#include "sound.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+frmMess::frmMess(QWidget *parent)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
+    , mFond(QStringLiteral(":/art/mess.jpg"))
+{
+    setWindowTitle(QStringLiteral("Message"));
+    setFixedSize(300, 300);
+
+    imgB[0] = nullptr;
+    for (int i = 1; i <= 2; ++i) {
+        imgB[i] = new QLabel(this);
+        imgB[i]->setPixmap(QPixmap(QStringLiteral(":/art/bouton.bmp")));
+        imgB[i]->setGeometry(100, 186 + 34 * i, 180, 30);
+    }
+
+    labMess = new QLabel(this);
+    labMess->setGeometry(32, 54, 238, 108);
+    labMess->setFont(boldArial(16));
+    labMess->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    labMess->setWordWrap(true);
+    labMess->setTextFormat(Qt::PlainText);
+    labMess->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
+
+    txtReponse = new QLineEdit(this);
+    txtReponse->setGeometry(24, 133, 251, 29);
+    txtReponse->setFont(boldArial(19));
+    txtReponse->setMaxLength(16);
+    txtReponse->setStyleSheet(QStringLiteral("background: #E0E0E0;"));
+
+    for (int i = 0; i < 3; ++i) {
+        reponse[i] = new ClickLabel(this);
+        reponse[i]->setGeometry(100, 189 + 34 * i, 180, 27);
+        reponse[i]->setFont(boldArial(19));
+        reponse[i]->setAlignment(Qt::AlignCenter);
+        reponse[i]->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
+        reponse[i]->setCursor(customPointer());
+        connect(reponse[i], &ClickLabel::clicked, this, [this, i] { reponse_Click(i); });
+    }
+}
+
+void frmMess::reponse_Click(int Index)
+{
+    JoueSon(QStringLiteral("marel009.wav"));
+    Tag = !txtReponse->isHidden() ? txtReponse->text() : reponse[Index]->text();
+    hide();
+}
+
+void frmMess::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.drawImage(0, 0, mFond);
+}
+
+// Only a click on a button answers: Escape and Enter do nothing.
+void frmMess::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+    QDialog::keyPressEvent(event);
+}
+
+void frmMess::closeEvent(QCloseEvent *event) { event->ignore(); }
+
+QString AfficheMess(const QString &message, const QString &caption0, const QString &caption1,
+                    const QString &caption2, bool boite, const QString &defaut)
+{
+    auto *mess = new frmMess(mainWindow());
+    mess->labMess->setText(QString(message).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    for (int i = 0; i < 3; ++i) mess->reponse[i]->hide();
+    mess->imgB[1]->hide();
+    mess->imgB[2]->hide();
+    mess->txtReponse->hide();
+    if (!caption0.isEmpty()) {
+        mess->reponse[0]->setText(caption0);
+        mess->reponse[0]->show();
+    }
+    if (!caption1.isEmpty()) {
+        mess->imgB[1]->show();
+        mess->reponse[1]->setText(caption1);
+        mess->reponse[1]->show();
+    }
+    if (!caption2.isEmpty()) {
+        mess->imgB[2]->show();
+        mess->reponse[2]->setText(caption2);
+        mess->reponse[2]->show();
+    }
+    if (boite) {
+        mess->txtReponse->setText(defaut);
+        mess->txtReponse->show();
+    }
+    JoueSon(QStringLiteral("marel008.wav"));
+    if (QWidget *fond = mainWindow()) mess->move(fond->geometry().center() - mess->rect().center());
+    mess->exec();
+    const QString answer = mess->Tag;
+    delete mess;
+    return answer;
+}

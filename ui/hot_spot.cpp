@@ -1,0 +1,24 @@
+#include "hot_spot.h"
+
+#include <QMouseEvent>
+
+HotSpot::HotSpot(QWidget *parent)
+    : QWidget(parent)
+{
+}
+
+void HotSpot::mousePressEvent(QMouseEvent *event)
+{
+    emit mouseDown(event->button(), event->modifiers(), event->position().x(), event->position().y());
+}
+
+void HotSpot::mouseMoveEvent(QMouseEvent *event)
+{
+    emit mouseMove(event->buttons(), event->modifiers(), event->position().x(), event->position().y());
+}
+
+void HotSpot::mouseReleaseEvent(QMouseEvent *event)
+{
+    emit mouseUp(event->button(), event->modifiers(), event->position().x(), event->position().y());
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) emit clicked();
+}

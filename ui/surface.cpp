@@ -1,0 +1,41 @@
+#include "surface.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+Surface::Surface(QWidget *parent)
+    : QWidget(parent)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void Surface::resizeSurface(int w, int h)
+{
+    image = QImage(w, h, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    resize(w, h);
+}
+
+void Surface::loadPicture(const QString &path)
+{
+    image = QImage(path).convertToFormat(QImage::Format_RGB32);
+    resize(image.size());
+}
+
+void Surface::refresh() { repaint(); }
+
+void Surface::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    painter.drawImage(event->rect(), image, event->rect());
+}
+
+void Surface::mousePressEvent(QMouseEvent *event)
+{
+    emit mouseDown(event->button(), event->modifiers(), event->position().x(), event->position().y());
+}
+
+void Surface::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (rect().contains(event->position().toPoint())) emit clicked();
+}
