@@ -2,6 +2,7 @@
 // the clock and the three game screens, and the program's start-up.
 #pragma once
 
+#include "file_list.h"
 #include "hot_spot.h"
 #include "surface.h"
 #include "tambour.h"
@@ -54,6 +55,7 @@ public:
     Surface *pctPion3;
     Surface *pctMenu;
     Surface *Picture1;
+    FileList filList{QStringLiteral("*.sml")};
     QTimer myTimer;
     Tambour tambour;
 

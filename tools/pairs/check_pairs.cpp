@@ -75,7 +75,7 @@ bool checkPairLevels(std::string_view store, std::ostream &out)
     auto record = [store](int32_t n) { return store.substr(static_cast<size_t>(n) * kLevelBytes, kLevelBytes); };
 
     const int32_t levels = static_cast<int32_t>(store.size() / kLevelBytes);
-    out << "Tile pairs levels\n";
+    out << "Jeu 3, tile pairs\n";
     row(out, "bytes", std::to_string(store.size()));
     row(out, "levels", std::to_string(levels));
     if (store.size() % kLevelBytes != 0 || levels != kLevels) {

@@ -201,16 +201,17 @@ StoreFigures figuresOfStore(std::string_view store)
 void printTable(std::ostream &out, const StoreFigures &f)
 {
     out << std::fixed << std::setprecision(2);
-    out << "levels             " << f.levelCount << '\n'
-        << "fewest stones      " << f.fewest.value << " (" << levelList(f.fewest.levels) << ")\n"
-        << "most stones        " << f.most.value << " (" << levelList(f.most.levels) << ")\n"
-        << "shortest solution  " << f.shortest.value << " clicks (" << levelList(f.shortest.levels) << ")\n"
-        << "longest solution   " << f.longest.value << " clicks (" << levelList(f.longest.levels) << ")\n";
+    out << "Jeu 2, stones\n"
+        << "  levels             " << f.levelCount << '\n'
+        << "  fewest stones      " << f.fewest.value << " (" << levelList(f.fewest.levels) << ")\n"
+        << "  most stones        " << f.most.value << " (" << levelList(f.most.levels) << ")\n"
+        << "  shortest solution  " << f.shortest.value << " clicks (" << levelList(f.shortest.levels) << ")\n"
+        << "  longest solution   " << f.longest.value << " clicks (" << levelList(f.longest.levels) << ")\n";
     for (const BlockMeans &block : f.blocks)
-        out << "levels " << std::setw(2) << block.first << '-' << std::setw(2) << block.last << "       mean "
+        out << "  levels " << std::setw(2) << block.first << '-' << std::setw(2) << block.last << "       mean "
             << block.stones << " stones, " << block.clicks << " clicks\n";
-    out << "distinct levels    " << f.distinct << '\n'
-        << "clearable levels   " << f.levelCount - f.unclearable.size() << '\n';
+    out << "  distinct levels    " << f.distinct << '\n'
+        << "  clearable levels   " << f.levelCount - f.unclearable.size() << '\n';
 }
 
 void checkLayout(Verdict &verdict, std::string_view store)

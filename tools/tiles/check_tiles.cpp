@@ -145,7 +145,7 @@ bool checkTileLevels(std::string_view store, std::ostream &out)
     row("levels solvable") << solvable << '\n';
     row("levels needing the fall") << needingFall << " (first: " << firstNeedingFall << ")\n";
     row("mean cells per 20 levels");
-    for (double mean : blockMeans) out << std::fixed << std::setprecision(2) << mean << ' ';
+    for (size_t b = 0; b < blockMeans.size(); ++b) out << (b ? " " : "") << std::fixed << std::setprecision(2) << blockMeans[b];
     out << '\n';
     row("non-rectangular levels") << nonRectangular << '\n';
     row("distinct levels") << distinct.size() << '\n';
