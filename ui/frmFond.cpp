@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QWindow>
 
 namespace {
@@ -75,6 +76,7 @@ frmFond::frmFond(QWidget *parent)
     setWindowTitle(QStringLiteral("Marelle"));
     loadPicture(QStringLiteral(":/art/fond.jpg"));
     setFixedSize(600, 600);
+    move(screen()->availableGeometry().center() - rect().center());
 
     imgMove = new HotSpot(this);
     imgMove->setGeometry(0, 0, 601, 22);

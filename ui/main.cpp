@@ -1,7 +1,6 @@
 #include "frmFond.h"
 
 #include <QApplication>
-#include <QScreen>
 #include <cstdio>
 #include <cstdlib>
 
@@ -25,7 +24,6 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     frmFond fond;
     if (!fond.Form_Load()) return EXIT_SUCCESS;
-    fond.move(fond.screen()->availableGeometry().center() - fond.rect().center());
     fond.show();
     return app.exec();
 }

@@ -5,6 +5,8 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScreen>
+#include <QToolTip>
 #include <QTest>
 
 namespace {
@@ -37,6 +39,7 @@ private slots:
     void startsIdleWithThePictureShownAndTheRestHidden()
     {
         QCOMPARE(fond->size(), QSize(600, 600));
+        QCOMPARE(fond->frameGeometry().center(), fond->screen()->availableGeometry().center());
         QVERIFY(fond->Picture1->isVisible());
         QCOMPARE(fond->Picture1->geometry(), QRect(0, 510, 90, 90));
         QCOMPARE(fond->Picture1->toolTip(), QStringLiteral("le catalogue Cerisaie Logiciels"));
@@ -87,6 +90,21 @@ private slots:
             const QImage shown = fond->grab(c.place).toImage().convertToFormat(QImage::Format_RGB32);
             QVERIFY(sameRegion(shown, QRect(QPoint(0, 0), c.place.size()), fond->image, c.place.topLeft()));
         }
+    }
+
+    void menuButtonsShowTheirToolTips()
+    {
+        for (int i : {0, 4, 6}) {
+            const QPoint middle = fond->imgMenu[i]->rect().center();
+            QTest::mouseMove(fond->imgMenu[i], middle);
+            QHelpEvent help(QEvent::ToolTip, middle, fond->imgMenu[i]->mapToGlobal(middle));
+            QApplication::sendEvent(fond->imgMenu[i], &help);
+            QTRY_VERIFY(QToolTip::isVisible());
+            QCOMPARE(QToolTip::text(), fond->imgMenu[i]->toolTip());
+            QToolTip::hideText();
+        }
+        QCOMPARE(fond->imgMenu[0]->toolTip(), QStringLiteral("Cliquez sur ce bouton pour lancer le jeu 1"));
+        QCOMPARE(fond->imgMenu[4]->toolTip(), QStringLiteral("Cliquez sur ce bouton pour lire le tableau des scores"));
     }
 
     void levelLabelShowsTheIndexOnThreeDigits()
