@@ -32,3 +32,5 @@ int32_t levelCount(int32_t game)
     const QByteArray &store = game == 1 ? gNiveaux1 : game == 2 ? gNiveaux2 : gNiveaux3;
     return static_cast<int32_t>(store.size()) / bytesPerLevel(game);
 }
+
+std::string_view storeBytes(const QByteArray &store) { return {store.constData(), static_cast<size_t>(store.size())}; }

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 #include <cstdint>
+#include <string_view>
 
 // Loads resources 100, 101 and 102 into gNiveaux1, gNiveaux2 and gNiveaux3.
 void ChargeNiveaux();
@@ -17,3 +18,6 @@ int32_t bytesPerLevel(int32_t game);
 
 // Number of levels in the store of game 1, 2 or 3: its size over the record size.
 int32_t levelCount(int32_t game);
+
+// The bytes of a store as the game models read them.
+std::string_view storeBytes(const QByteArray &store);

@@ -2,10 +2,7 @@
 
 #include <QMouseEvent>
 
-ClickLabel::ClickLabel(QWidget *parent)
-    : QLabel(parent)
-{
-}
+ClickLabel::ClickLabel(QWidget *parent) : QLabel(parent) {}
 
 void ClickLabel::mouseReleaseEvent(QMouseEvent *event)
 {

@@ -4,9 +4,9 @@
 #include "modBase.h"
 
 #include <QDir>
+#include <QFile>
 #include <QMessageBox>
 #include <QProcess>
-#include <QFile>
 #include <QStandardPaths>
 
 namespace {

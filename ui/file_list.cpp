@@ -2,10 +2,7 @@
 
 #include <QDir>
 
-FileList::FileList(const QString &pattern)
-    : Pattern(pattern)
-{
-}
+FileList::FileList(const QString &pattern) : Pattern(pattern) {}
 
 void FileList::Refresh()
 {

@@ -2,12 +2,8 @@
 
 #include "bitblt.h"
 #include "fonts.h"
-#include "level_store.h"
 #include "modBase.h"
 #include "pointers.h"
-#include "program_folder.h"
-#include "running_instance.h"
-#include "sound.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -68,8 +64,7 @@ int keyCodeOf(const QKeyEvent *event) { return event->key() == Qt::Key_Control ?
 
 frmFond *mainWindow() { return theMainWindow; }
 
-frmFond::frmFond(QWidget *parent)
-    : Surface(parent)
+frmFond::frmFond(QWidget *parent) : Surface(parent)
 {
     theMainWindow = this;
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
@@ -90,6 +85,7 @@ frmFond::frmFond(QWidget *parent)
         imgMenu[i]->setGeometry(kMenuButtons[i].left, kMenuButtons[i].top, 43, 43);
         imgMenu[i]->setCursor(customPointer());
         imgMenu[i]->setToolTip(QString::fromUtf8(kMenuButtons[i].toolTip));
+        connect(imgMenu[i], &HotSpot::clicked, this, [this, i] { imgMenu_Click(i); });
     }
 
     labNiveau = makeLabel(this, QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, "404040");
@@ -99,6 +95,9 @@ frmFond::frmFond(QWidget *parent)
     pctEcran1 = makeScreen(this);
     pctEcran2 = makeScreen(this);
     pctEcran3 = makeScreen(this);
+    connect(pctEcran1, &Surface::mouseDown, this, &frmFond::pctEcran1_MouseDown);
+    connect(pctEcran2, &Surface::mouseDown, this, &frmFond::pctEcran2_MouseDown);
+    connect(pctEcran3, &Surface::mouseDown, this, &frmFond::pctEcran3_MouseDown);
     pctPion1 = makeSheet(this, QStringLiteral(":/art/pion1.bmp"));
     pctPion2 = makeSheet(this, QStringLiteral(":/art/pion2.bmp"));
     pctPion3 = makeSheet(this, QStringLiteral(":/art/pion3.bmp"));
@@ -121,26 +120,6 @@ frmFond::frmFond(QWidget *parent)
 frmFond::~frmFond()
 {
     if (theMainWindow == this) theMainWindow = nullptr;
-}
-
-bool frmFond::Form_Load()
-{
-    mInstance = lockSingleInstance();
-    if (!mInstance) return false;
-
-    gCheminApp = withTrailingSeparator(QCoreApplication::applicationDirPath());
-    preloadCues();
-    gFichierBest = QStringLiteral("mlbestTime.dat");
-    Picture1->show();
-
-    mCtrl = false;
-    gNomJoueur.clear();
-    gNomPartie.clear();
-    gJeu = 0;
-
-    ChargeNiveaux();
-    AfficheMenu(0);
-    return true;
 }
 
 void frmFond::AfficheMenu(int32_t etat)
@@ -196,21 +175,6 @@ void frmFond::imgMove_MouseMove(Qt::MouseButtons, Qt::KeyboardModifiers, double 
 }
 
 void frmFond::imgMove_MouseUp(Qt::MouseButton, Qt::KeyboardModifiers, double, double) { mGlisse = false; }
-
-void frmFond::myTimer_Timer()
-{
-    gTempsNiveau += 1.0;
-    labTemps->setText(QStringLiteral(" ") + QString::number(static_cast<qint64>(gTempsNiveau)));
-}
-
-void frmFond::countWonLevelTime()
-{
-    gASauver = true;
-    myTimer.stop();
-    gTempsTotal += gTempsNiveau;
-    if (gTempsTotal > 356400.0) gTempsTotal = 356400.0;
-    gTempsNiveau = 0;
-}
 
 void frmFond::Picture1_Click() { tambour.invoke(24, gCheminApp + QStringLiteral("catalogue.chm")); }
 

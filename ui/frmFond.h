@@ -4,8 +4,11 @@
 
 #include "file_list.h"
 #include "hot_spot.h"
+#include "pair_board.h"
+#include "stone_board.h"
 #include "surface.h"
 #include "tambour.h"
+#include "tile_board.h"
 
 #include <QLabel>
 #include <QLockFile>
@@ -42,6 +45,55 @@ public:
 
     // The clock's part of a won level: the level's seconds join the total, capped at 99 hours.
     void countWonLevelTime();
+
+    // Play control: the seven menu buttons by the state in gJeu.
+    void imgMenu_Click(int Index);
+    void LanceJeu(int32_t jeu);
+    void abandonOrReplay();
+    void quitQuestion();
+    // The steps the three end-of-level tests share: whether the level is won, with the clock's part
+    // of a win; the way on to the next level after a pause; the close of a game after its last level.
+    bool wonLevel(bool solved);
+    void nextLevel(int32_t jeu, double secondes);
+    void closeGame(int32_t jeu);
+    // A game's own screen, preparation and level set-up, by game number.
+    Surface *screenOf(int32_t jeu) const;
+    void prepareScreenOf(int32_t jeu);
+    void setUpLevelOf(int32_t jeu);
+
+    // Jeu 1, pip tiles.
+    void ChargeNiveau1();
+    void pctEcran1_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers Shift, double X, double Y);
+    void DessineJeu1();
+    void DessineTout1();
+    void TesteFin1();
+    void placeTile(int32_t x, int32_t y);
+    void takeBackTile();
+
+    // Jeu 2, stones.
+    void ChargeNiveau2();
+    void pctEcran2_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers Shift, double X, double Y);
+    void DessinePions2();
+    void TesteFin2();
+    void drawStone(int32_t x, int32_t y);
+    void flipStones(int32_t x, int32_t y);
+    void takeBackFlip();
+
+    // Jeu 3, tile pairs.
+    void ChargeNiveau3();
+    void pctEcran3_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers Shift, double X, double Y);
+    void DessinePion3(int32_t x, int32_t y, bool selected);
+    void DessineTout3(int32_t selectedCell);
+    void TesteFin3();
+    void selectTile(int32_t x, int32_t y);
+    void cancelSelection();
+    void removePair(int32_t x, int32_t y);
+    void takeBackPair();
+
+    // The boards of the three games.
+    TileBoard tiles;
+    StoneBoard stones;
+    PairBoard pairs;
 
     HotSpot *imgMove;
     HotSpot *imgMenu[7];

@@ -10,8 +10,7 @@
 #include <QPainter>
 
 frmMess::frmMess(QWidget *parent)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
-    , mFond(QStringLiteral(":/art/mess.jpg"))
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mFond(QStringLiteral(":/art/mess.jpg"))
 {
     setWindowTitle(QStringLiteral("Message"));
     setFixedSize(300, 300);
@@ -70,8 +69,8 @@ void frmMess::keyPressEvent(QKeyEvent *event)
 
 void frmMess::closeEvent(QCloseEvent *event) { event->ignore(); }
 
-QString AfficheMess(const QString &message, const QString &caption0, const QString &caption1,
-                    const QString &caption2, bool boite, const QString &defaut)
+QString AfficheMess(const QString &message, const QString &caption0, const QString &caption1, const QString &caption2,
+                    bool boite, const QString &defaut)
 {
     auto *mess = new frmMess(mainWindow());
     mess->labMess->setText(QString(message).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));

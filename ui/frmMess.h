@@ -31,5 +31,5 @@ private:
 
 // Asks a question and gives the caption of the button clicked, or the text of the box when it is shown.
 // An empty caption hides its button.
-QString AfficheMess(const QString &message, const QString &caption0, const QString &caption1,
-                    const QString &caption2, bool boite, const QString &defaut);
+QString AfficheMess(const QString &message, const QString &caption0, const QString &caption1, const QString &caption2,
+                    bool boite, const QString &defaut);

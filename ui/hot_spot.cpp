@@ -2,10 +2,7 @@
 
 #include <QMouseEvent>
 
-HotSpot::HotSpot(QWidget *parent)
-    : QWidget(parent)
-{
-}
+HotSpot::HotSpot(QWidget *parent) : QWidget(parent) {}
 
 void HotSpot::mousePressEvent(QMouseEvent *event)
 {

@@ -2,6 +2,6 @@
 
 #include <QPixmap>
 
-QCursor customPointer() { return QCursor(QPixmap(QStringLiteral(":/art/pointeur.png")), 1, 1); }
+QCursor customPointer() { return QCursor(QPixmap(QStringLiteral(":/art/pointeur.png")), 2, 1); }
 
-QCursor handPointer() { return QCursor(QPixmap(QStringLiteral(":/art/main.png")), 10, 1); }
+QCursor handPointer() { return QCursor(QPixmap(QStringLiteral(":/art/main.png")), 12, 1); }

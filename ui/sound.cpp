@@ -17,7 +17,7 @@ void JoueSon(QString nom)
 
 void preloadCues()
 {
-    for (const char *cue : {"marel001.wav", "marel002.wav", "marel007.wav", "marel008.wav", "marel009.wav",
-                            "marel010.wav"})
+    for (const char *cue :
+         {"marel001.wav", "marel002.wav", "marel007.wav", "marel008.wav", "marel009.wav", "marel010.wav"})
         mainWindow()->tambour.preload(gCheminApp + QLatin1String(cue));
 }

@@ -3,11 +3,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-Surface::Surface(QWidget *parent)
-    : QWidget(parent)
-{
-    setAttribute(Qt::WA_OpaquePaintEvent);
-}
+Surface::Surface(QWidget *parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
 
 void Surface::resizeSurface(int w, int h)
 {

@@ -93,16 +93,33 @@ void PairBoard::Retire3(int32_t x, int32_t y)
 
 void PairBoard::Annule3()
 {
-    const int32_t k = iCoup3;
-    const int32_t a = tabCoupA3[k];
-    const int32_t b = tabCoupB3[k];
-    const int32_t v = tabCoupV3[k];
-    DetourneVoisins3(b % kCotes, b / kCotes);
-    tabPions3[b % kCotes][b / kCotes] = v;
-    DetourneVoisins3(a % kCotes, a / kCotes);
-    tabPions3[a % kCotes][a / kCotes] = v;
-    iCoup3 -= 1;
+    undoTurnsOfSecond();
+    undoSecondTileAndTurnsOfFirst();
+    undoFirstTile();
+    forgetLastPair();
 }
+
+void PairBoard::undoTurnsOfSecond()
+{
+    const int32_t b = tabCoupB3[iCoup3];
+    DetourneVoisins3(b % kCotes, b / kCotes);
+}
+
+void PairBoard::undoSecondTileAndTurnsOfFirst()
+{
+    const int32_t a = tabCoupA3[iCoup3];
+    const int32_t b = tabCoupB3[iCoup3];
+    tabPions3[b % kCotes][b / kCotes] = tabCoupV3[iCoup3];
+    DetourneVoisins3(a % kCotes, a / kCotes);
+}
+
+void PairBoard::undoFirstTile()
+{
+    const int32_t a = tabCoupA3[iCoup3];
+    tabPions3[a % kCotes][a / kCotes] = tabCoupV3[iCoup3];
+}
+
+void PairBoard::forgetLastPair() { iCoup3 -= 1; }
 
 bool PairBoard::Vide3() const
 {

@@ -34,8 +34,13 @@ struct PairBoard {
     bool Pareil3(int32_t x, int32_t y) const;
     // Removes the selected tile and the tile at (x, y), then turns the neighbours of (x, y).
     void Retire3(int32_t x, int32_t y);
-    // Puts the last removed pair back as it was before its selection.
+    // Puts the last removed pair back as it was before its selection: the four steps below in turn.
     void Annule3();
+    // The steps of Annule3, for a screen that shows the board between them.
+    void undoTurnsOfSecond();             // the second tile's neighbours turn back
+    void undoSecondTileAndTurnsOfFirst(); // the second tile returns, the first tile's neighbours turn back
+    void undoFirstTile();                 // the first tile returns
+    void forgetLastPair();
     // True when no tile is left.
     bool Vide3() const;
 };

@@ -1,0 +1,171 @@
+// Play control: what the seven menu buttons do in each state of gJeu, the start of a game, the
+// question of a running game, the way from one won level to the next and the close of a game.
+#include "documents.h"
+#include "frmFond.h"
+#include "frmMess.h"
+#include "level_store.h"
+#include "modBase.h"
+#include "pause.h"
+#include "sound.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+const QString kCrLf = QStringLiteral("\r\n");
+
+// The text with its leading and trailing blanks removed; other white space stays.
+QString trimBlanks(const QString &text)
+{
+    qsizetype first = 0;
+    qsizetype last = text.size();
+    while (first < last && text.at(first) == QLatin1Char(' ')) ++first;
+    while (last > first && text.at(last - 1) == QLatin1Char(' ')) --last;
+    return text.mid(first, last - first);
+}
+
+} // namespace
+
+void frmFond::imgMenu_Click(int Index)
+{
+    switch (Index) {
+    case 0:
+    case 1:
+    case 2: LanceJeu(Index + 1); break;
+    case 3: abandonOrReplay(); break;
+    case 5: OuvreAide(); break;
+    case 6: quitQuestion(); break;
+    default: break;
+    }
+}
+
+Surface *frmFond::screenOf(int32_t jeu) const { return jeu == 1 ? pctEcran1 : jeu == 2 ? pctEcran2 : pctEcran3; }
+
+void frmFond::prepareScreenOf(int32_t jeu)
+{
+    if (jeu == 1)
+        PrepareEcran1();
+    else if (jeu == 2)
+        PrepareEcran2();
+    else
+        PrepareEcran3();
+}
+
+void frmFond::setUpLevelOf(int32_t jeu)
+{
+    if (jeu == 1)
+        ChargeNiveau1();
+    else if (jeu == 2)
+        ChargeNiveau2();
+    else
+        ChargeNiveau3();
+}
+
+void frmFond::LanceJeu(int32_t jeu)
+{
+    if (gJeu != 0) return;
+    setEnabled(false);
+    gJeu = 10;
+    AfficheMenu(1);
+    gNbNiveaux = levelCount(jeu);
+
+    gNiveau = 0;
+    gNomPartie.clear();
+    const QString nom = AfficheMess(QStringLiteral("Entrez votre nom de joueur"), QStringLiteral("Valider"), QString(),
+                                    QString(), true, gNomJoueur);
+    gNomJoueur = trimBlanks(nom.toUpper());
+    gTempsTotal = 0;
+
+    prepareScreenOf(jeu);
+    setUpLevelOf(jeu);
+    gTempsNiveau = 0;
+    gASauver = false;
+    myTimer.start();
+    labTemps->setText(QString());
+    labTemps->show();
+    setEnabled(true);
+    gJeu = jeu;
+}
+
+void frmFond::abandonOrReplay()
+{
+    if (gJeu < 1 || gJeu > 3) return;
+    pctEcran1->hide();
+    pctEcran2->hide();
+    pctEcran3->hide();
+    myTimer.stop();
+    const QString reponse = AfficheMess(QStringLiteral("Que désirez-vous ?"), QStringLiteral("Abandonner"),
+                                        QStringLiteral("Rejouer"), QStringLiteral("Annuler"), false, QString());
+    if (reponse == QLatin1String("Annuler")) {
+        screenOf(gJeu)->show();
+        myTimer.start();
+    } else if (reponse == QLatin1String("Rejouer")) {
+        if (mCtrl) gNiveau = std::min(gNiveau + 1, gNbNiveaux - 1);
+        prepareScreenOf(gJeu);
+        setUpLevelOf(gJeu);
+        gTempsNiveau = 0;
+        labTemps->setText(QString());
+        myTimer.start();
+        labTemps->show();
+    } else if (reponse == QLatin1String("Abandonner")) {
+        labNiveau->hide();
+        labTemps->hide();
+        gASauver = false;
+        gNomPartie.clear();
+        gNiveau = 0;
+        AfficheMenu(0);
+        gJeu = 0;
+    }
+}
+
+void frmFond::quitQuestion()
+{
+    if (gJeu >= 1 && gJeu <= 3) return;
+    const QString reponse = AfficheMess(QStringLiteral("Voulez-vous vraiment quitter le programme ?"),
+                                        QStringLiteral("Oui"), QStringLiteral("Non"), QString(), false, QString());
+    if (reponse == QLatin1String("Oui")) QCoreApplication::exit(0);
+}
+
+bool frmFond::wonLevel(bool solved)
+{
+    setEnabled(false);
+    if (!solved) {
+        QCoreApplication::processEvents();
+        setEnabled(true);
+        return false;
+    }
+    countWonLevelTime();
+    return true;
+}
+
+void frmFond::nextLevel(int32_t jeu, double secondes)
+{
+    Pause(secondes);
+    gNiveau += 1;
+    prepareScreenOf(jeu);
+    setUpLevelOf(jeu);
+    QCoreApplication::processEvents();
+    myTimer.start();
+    setEnabled(true);
+}
+
+void frmFond::closeGame(int32_t jeu)
+{
+    screenOf(jeu)->hide();
+    gNiveau = 999;
+    JoueSon(QStringLiteral("marel001.wav"));
+    Pause(3);
+    AfficheMess(QStringLiteral("Félicitations ") + gNomJoueur + kCrLf + QStringLiteral("Vous venez de terminer") + kCrLf
+                    + QStringLiteral("les ") + QString::number(gNbNiveaux) + QStringLiteral(" niveaux du jeu ")
+                    + QString::number(jeu),
+                QStringLiteral("Fermer"), QString(), QString(), false, QString());
+    labNiveau->hide();
+    labTemps->hide();
+    gASauver = false;
+    gNomPartie.clear();
+    gNiveau = 0;
+    AfficheMenu(0);
+    gJeu = 0;
+    QCoreApplication::processEvents();
+    setEnabled(true);
+}

@@ -1,0 +1,12 @@
+// Jeu 3: what follows a removed pair when the board is empty.
+#include "frmFond.h"
+#include "modBase.h"
+
+void frmFond::TesteFin3()
+{
+    if (!wonLevel(pairs.Vide3())) return;
+    if (gNiveau + 1 < gNbNiveaux)
+        nextLevel(3, 2);
+    else
+        closeGame(3);
+}

@@ -1,0 +1,85 @@
+// Jeu 2 on the screen: the stones on the window's own background, the mouse, the cues and the end of a level.
+#include "bitblt.h"
+#include "frmFond.h"
+#include "level_store.h"
+#include "modBase.h"
+#include "sound.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr int kCell = 60;
+
+} // namespace
+
+// A stone in two copies: its mask makes a white disc, then the stone fills it.
+void frmFond::drawStone(int32_t x, int32_t y)
+{
+    BitBlt(pctEcran2->image, kCell * x, kCell * y, kCell, kCell, pctPion2->image, kCell, 0, SRCPAINT);
+    BitBlt(pctEcran2->image, kCell * x, kCell * y, kCell, kCell, pctPion2->image, 0, 0, SRCAND);
+}
+
+void frmFond::DessinePions2()
+{
+    BitBlt(pctEcran2->image, 0, 0, 480, 540, image, 104, 30, SRCCOPY);
+    for (int32_t y = 0; y < 9; ++y)
+        for (int32_t x = 0; x < 8; ++x)
+            if (stones.tabPions2[x][y] == StoneBoard::kVrai) drawStone(x, y);
+}
+
+void frmFond::ChargeNiveau2()
+{
+    showLevelNumber();
+    stones.LitNiveau2(storeBytes(gNiveaux2), gNiveau);
+    for (int32_t y = 0; y < 9; ++y)
+        for (int32_t x = 0; x < 8; ++x)
+            if (stones.tabPions2[x][y] == StoneBoard::kVrai) drawStone(x, y);
+    JoueSon(QStringLiteral("marel002.wav"));
+    pctEcran2->refresh();
+}
+
+void frmFond::pctEcran2_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers, double X, double Y)
+{
+    if (Button == Qt::RightButton) {
+        if (stones.iCoup2 > -1) {
+            JoueSon(QStringLiteral("marel010.wav"));
+            takeBackFlip();
+        }
+        return;
+    }
+    const auto x = static_cast<int32_t>(std::floor(X / kCell));
+    const auto y = static_cast<int32_t>(std::floor(Y / kCell));
+    if (x < 0 || x > 7 || y < 0 || y > 8) return;
+    JoueSon(QStringLiteral("marel010.wav"));
+    flipStones(x, y);
+    TesteFin2();
+}
+
+void frmFond::flipStones(int32_t x, int32_t y)
+{
+    setEnabled(false);
+    stones.Retourne2(x, y);
+    DessinePions2();
+    pctEcran2->refresh();
+    setEnabled(true);
+}
+
+void frmFond::takeBackFlip()
+{
+    setEnabled(false);
+    stones.Annule2();
+    JoueSon(QStringLiteral("marel007.wav"));
+    DessinePions2();
+    pctEcran2->refresh();
+    setEnabled(true);
+}
+
+void frmFond::TesteFin2()
+{
+    if (!wonLevel(stones.Vide2())) return;
+    if (gNiveau + 1 < gNbNiveaux)
+        nextLevel(2, 2);
+    else
+        closeGame(2);
+}
