@@ -1,0 +1,220 @@
+// Play control at the real window: each menu button in each state, the start of a game, the
+// question of a running game ("Annuler", "Rejouer" with and without Ctrl, "Abandonner") and quitting.
+#include "play_session.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+class TestPlayControl : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir desktop; // no help viewer registered here
+    PlaySession s;
+
+    QImage screenNow(int game) const { return s.fond->screenOf(game)->image.copy(); }
+
+private slots:
+    void initTestCase()
+    {
+        qputenv("XDG_CONFIG_HOME", desktop.path().toUtf8());
+        qputenv("XDG_DATA_DIRS", desktop.path().toUtf8());
+        qputenv("XDG_CONFIG_DIRS", desktop.path().toUtf8());
+    }
+
+    void init()
+    {
+        s.start();
+        gNomJoueur.clear();
+    }
+    void cleanup() { s.fond.reset(); }
+
+    void idleButtonsThatDoNothingAreSilent()
+    {
+        s.clickMenu(3);
+        s.clickMenu(4);
+        QCOMPARE(gJeu, 0);
+        QVERIFY(s.fond->tambour.played.isEmpty());
+        s.clickMenu(5); // help with no viewer: silent, nothing changes
+        QCOMPARE(gJeu, 0);
+        QVERIFY(s.fond->tambour.played.isEmpty());
+    }
+
+    void startingAGameAsksTheNameWithInputOff()
+    {
+        PlaySession::keepLevels(2, {0, 1, 13});
+        bool checked = false;
+        whenModal([this, &checked](QWidget *dialog) {
+            auto *mess = qobject_cast<frmMess *>(dialog);
+            QCOMPARE(gJeu, 10);
+            QVERIFY(!s.fond->isEnabled());
+            QCOMPARE(mess->labMess->text(), QStringLiteral("Entrez votre nom de joueur"));
+            QVERIFY(!mess->txtReponse->isHidden());
+            QCOMPARE(mess->txtReponse->maxLength(), 16);
+            // The menu art is already that of a running game: the quit button is dim.
+            QVERIFY(s.fond->pctMenu->image.pixel(30, 352) != s.fond->pctMenu->image.pixel(110, 352));
+            QCOMPARE(s.fond->image.pixel(30, 482), s.fond->pctMenu->image.pixel(110, 352));
+            // A click on the main window now is lost.
+            QTest::mouseClick(s.fond->imgMenu[0], Qt::LeftButton);
+            mess->txtReponse->setText(QStringLiteral("  zoé la  "));
+            QTest::mouseClick(mess->reponse[0], Qt::LeftButton);
+            checked = true;
+        });
+        s.clickMenu(1);
+        QVERIFY(checked);
+        QCOMPARE(gJeu, 2);
+        QCOMPARE(gNbNiveaux, 3);
+        QCOMPARE(gNiveau, 0);
+        QCOMPARE(gNomJoueur, QStringLiteral("ZOÉ LA"));
+        QCOMPARE(gTempsTotal, 0.0);
+        QVERIFY(!gASauver);
+        QVERIFY(s.fond->isEnabled());
+        QVERIFY(s.fond->pctEcran2->isVisible());
+        QVERIFY(s.fond->labTemps->isVisible());
+        QVERIFY(s.fond->labTemps->text().isEmpty());
+        QCOMPARE(s.fond->labNiveau->text(), QStringLiteral("000"));
+        QVERIFY(s.fond->myTimer.isActive());
+        QCOMPARE(s.fond->tambour.played, QStringList({"marel008.wav", "marel009.wav", "marel002.wav"}));
+    }
+
+    void anEmptyNameIsAcceptedAndTheLastNameIsOffered()
+    {
+        s.startGame(1, QString());
+        QCOMPARE(gJeu, 1);
+        QVERIFY(gNomJoueur.isEmpty());
+        s.answer(QStringLiteral("Abandonner"));
+        s.clickMenu(3);
+        s.startGame(3, QStringLiteral("paul"));
+        s.answer(QStringLiteral("Abandonner"));
+        s.clickMenu(3);
+        QString offered;
+        whenModal([&offered](QWidget *dialog) {
+            auto *mess = qobject_cast<frmMess *>(dialog);
+            offered = mess->txtReponse->text();
+            QTest::mouseClick(mess->reponse[0], Qt::LeftButton);
+        });
+        s.clickMenu(0);
+        QCOMPARE(offered, QStringLiteral("PAUL"));
+    }
+
+    void runningButtonsThatDoNothingAreSilent()
+    {
+        s.startGame(3, QStringLiteral("eve"));
+        s.fond->tambour.played.clear();
+        for (int button : {0, 1, 2, 6}) s.clickMenu(button);
+        QCOMPARE(gJeu, 3);
+        QVERIFY(s.fond->tambour.played.isEmpty());
+        QVERIFY(s.fond->pctEcran3->isVisible());
+        s.clickMenu(5); // help leaves the game and its clock as they are
+        QCOMPARE(gJeu, 3);
+        QVERIFY(s.fond->myTimer.isActive());
+    }
+
+    void annulerResumesTheSameBoardAndClock()
+    {
+        s.startGame(2, QStringLiteral("eve"));
+        PlaySession::press(s.fond->pctEcran2, Qt::LeftButton, QPoint(10, 10));
+        const QImage before = screenNow(2);
+        gTempsNiveau = 41;
+        s.fond->labTemps->setText(QStringLiteral(" 41"));
+        bool hidden = false;
+        whenModal([this, &hidden](QWidget *dialog) {
+            hidden = !s.fond->pctEcran2->isVisible() && !s.fond->myTimer.isActive() && s.fond->labTemps->isVisible()
+                  && s.fond->labNiveau->isVisible();
+            QTest::mouseClick(qobject_cast<frmMess *>(dialog)->reponse[2], Qt::LeftButton);
+        });
+        s.clickMenu(3);
+        QVERIFY(hidden);
+        QVERIFY(s.fond->pctEcran2->isVisible());
+        QVERIFY(s.fond->myTimer.isActive());
+        QCOMPARE(screenNow(2), before);
+        QCOMPARE(s.fond->stones.iCoup2, 0 * 8 + 0);
+        QCOMPARE(gTempsNiveau, 41.0);
+        s.fond->myTimer_Timer();
+        QCOMPARE(s.fond->labTemps->text(), QStringLiteral(" 42"));
+    }
+
+    void rejouerReplaysTheLevelAndCtrlPassesIt()
+    {
+        PlaySession::keepLevels(1, {0, 1, 2});
+        s.startGame(1, QStringLiteral("eve"));
+        gTempsTotal = 77;
+        gASauver = true;
+        PlaySession::press(s.fond->pctEcran1, Qt::LeftButton, QPoint(3 * 54 + 5, 278 + 4 * 54 + 5));
+        gTempsNiveau = 12;
+        s.answer(QStringLiteral("Rejouer"));
+        s.clickMenu(3);
+        QCOMPARE(gNiveau, 0);
+        QCOMPARE(s.fond->tiles.iCoup1, -1);
+        QCOMPARE(gTempsNiveau, 0.0);
+        QVERIFY(s.fond->labTemps->text().isEmpty());
+        QCOMPARE(gTempsTotal, 77.0);
+        QVERIFY(gASauver);
+        QVERIFY(s.fond->myTimer.isActive());
+
+        // Ctrl held from before the click on the button; its release in the dialog does not count.
+        for (int expected : {1, 2, 2}) {
+            QTest::keyPress(s.fond.get(), Qt::Key_Control);
+            whenModal([](QWidget *dialog) {
+                auto *mess = qobject_cast<frmMess *>(dialog);
+                QTest::keyRelease(mess, Qt::Key_Control);
+                QTest::mouseClick(mess->reponse[1], Qt::LeftButton);
+            });
+            s.clickMenu(3);
+            QCOMPARE(gNiveau, expected);
+            QVERIFY(s.fond->mCtrl);
+            QTest::keyRelease(s.fond.get(), Qt::Key_Control);
+        }
+        QCOMPARE(s.fond->labNiveau->text(), QStringLiteral("002"));
+        QCOMPARE(gTempsTotal, 77.0);
+    }
+
+    void abandonnerGoesBackToIdle()
+    {
+        s.startGame(3, QStringLiteral("eve"));
+        gNomPartie = QStringLiteral("partie");
+        gNiveau = 0;
+        s.answer(QStringLiteral("Abandonner"));
+        s.clickMenu(3);
+        QCOMPARE(gJeu, 0);
+        QCOMPARE(gNiveau, 0);
+        QVERIFY(gNomPartie.isEmpty());
+        QVERIFY(!gASauver);
+        QVERIFY(!s.fond->labNiveau->isVisible());
+        QVERIFY(!s.fond->labTemps->isVisible());
+        QVERIFY(!s.fond->pctEcran3->isVisible());
+        QVERIFY(!s.fond->myTimer.isActive());
+        QCOMPARE(s.fond->image.pixel(30, 482), s.fond->pctMenu->image.pixel(30, 352));
+        QCOMPARE(gNomJoueur, QStringLiteral("EVE"));
+    }
+
+    void theClockShowsOneAtItsFirstTick()
+    {
+        s.startGame(1, QStringLiteral("eve"));
+        QVERIFY(s.fond->labTemps->text().isEmpty());
+        QTRY_COMPARE_WITH_TIMEOUT(s.fond->labTemps->text(), QStringLiteral(" 1"), 1600);
+    }
+
+    void quitNonChangesNothing()
+    {
+        s.answer(QStringLiteral("Non"));
+        s.clickMenu(6);
+        QCOMPARE(gJeu, 0);
+        QVERIFY(s.fond->isVisible());
+        QCOMPARE(s.fond->tambour.played, QStringList({"marel008.wav", "marel009.wav"}));
+    }
+
+    // Last: once the program is told to end, no event loop of this process runs again.
+    void quitOuiEndsTheProgram()
+    {
+        QEventLoop program;
+        QTimer::singleShot(0, [this] {
+            s.answer(QStringLiteral("Oui"));
+            s.clickMenu(6);
+        });
+        QCOMPARE(program.exec(), 0);
+        QCOMPARE(s.lastMessage, QStringLiteral("Voulez-vous vraiment quitter le programme ?"));
+    }
+};
+
+QTEST_MAIN(TestPlayControl)
+#include "tst_play_control.moc"
