@@ -1,5 +1,6 @@
 // Play control: what the seven menu buttons do in each state of gJeu, the start of a game, the
 // question of a running game, the way from one won level to the next and the close of a game.
+#include "blanks.h"
 #include "documents.h"
 #include "frmFond.h"
 #include "frmMess.h"
@@ -13,16 +14,6 @@
 namespace {
 
 const QString kCrLf = QStringLiteral("\r\n");
-
-// The text with its leading and trailing blanks removed; other white space stays.
-QString trimBlanks(const QString &text)
-{
-    qsizetype first = 0;
-    qsizetype last = text.size();
-    while (first < last && text.at(first) == QLatin1Char(' ')) ++first;
-    while (last > first && text.at(last - 1) == QLatin1Char(' ')) --last;
-    return text.mid(first, last - first);
-}
 
 } // namespace
 

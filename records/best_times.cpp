@@ -1,0 +1,93 @@
+#include "best_times.h"
+
+#include "best_times_file.h"
+#include "best_times_table.h"
+#include "modBase.h"
+#include "whole_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+enum class Folder { Reached, Created, Unreachable };
+
+// A level of the data folder: there already, made now, or out of reach.
+Folder reachFolder(const QString &path)
+{
+    const QFileInfo info(path);
+    if (info.isDir()) return info.isExecutable() ? Folder::Reached : Folder::Unreachable;
+    if (info.exists()) return Folder::Unreachable;
+    return QDir().mkdir(path) ? Folder::Created : Folder::Unreachable;
+}
+
+} // namespace
+
+QString dataFolderRoot()
+{
+#ifdef Q_OS_WIN
+    return QStringLiteral("c:/");
+#else
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QLatin1Char('/');
+#endif
+}
+
+BestTable bestTable(int32_t jeu)
+{
+    if (jeu == 1) return {gBestNiveau1, gBestTemps1, gBestNom1};
+    if (jeu == 2) return {gBestNiveau2, gBestTemps2, gBestNom2};
+    return {gBestNiveau3, gBestTemps3, gBestNom3};
+}
+
+void InitDonnees()
+{
+    const QString cerscore = dataFolderRoot() + QStringLiteral("cerscore");
+    const QString marel32b = cerscore + QStringLiteral("/marel32b");
+    if (reachFolder(cerscore) == Folder::Unreachable || reachFolder(marel32b) == Folder::Unreachable) {
+        gCheminData.clear();
+        return;
+    }
+    gCheminData = QDir::toNativeSeparators(marel32b + QLatin1Char('/'));
+    RazBest();
+    if (!QFileInfo(gCheminData + gFichierBest).isFile() || !LitBest()) EcritBest();
+}
+
+void RazBest()
+{
+    for (int32_t jeu = 1; jeu <= 3; ++jeu) {
+        const BestTable table = bestTable(jeu);
+        for (int row = 1; row <= 3; ++row) {
+            table.niveaux[row] = 0;
+            table.temps[row] = 0;
+            table.noms[row] = kEmptyName;
+        }
+    }
+}
+
+bool LitBest()
+{
+    QFile file(gCheminData + gFichierBest);
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    const QList<BestRow> rows = readBestRows(file.readAll());
+    for (qsizetype i = 0; i < rows.size(); ++i) {
+        const BestTable table = bestTable(static_cast<int32_t>(i / 3 + 1));
+        const qsizetype row = i % 3 + 1;
+        table.niveaux[row] = rows[i].niveau;
+        table.temps[row] = rows[i].temps;
+        table.noms[row] = rows[i].nom;
+    }
+    return rows.size() == 9;
+}
+
+bool EcritBest()
+{
+    QByteArray bytes;
+    for (int32_t jeu = 1; jeu <= 3; ++jeu) {
+        const BestTable table = bestTable(jeu);
+        for (int row = 1; row <= 3; ++row)
+            bytes += bestLine({table.niveaux[row], table.temps[row], table.noms[row]});
+    }
+    return writeWholeFile(gCheminData + gFichierBest, bytes);
+}

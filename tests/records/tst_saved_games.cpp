@@ -1,0 +1,143 @@
+// Saved games on a real disk: loading, creating under a name, rewriting, and the names and faults
+// that must never cost a saved game.
+#include "frmFond.h"
+#include "modBase.h"
+#include "saved_game_file.h"
+#include "saved_games.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+QByteArray readAll(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeAll(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+const QByteArray kJoueur = "\"JOUEUR\"\r\n7\r\n1234\r\n999\r\n5000\r\n0\r\n0\r\n";
+
+} // namespace
+
+class TestSavedGames : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<frmFond> fond;
+
+    QString path(const char *nom) const { return gCheminData + QLatin1String(nom) + QStringLiteral(".sml"); }
+
+private slots:
+    void init()
+    {
+        folder = std::make_unique<QTemporaryDir>();
+        fond = std::make_unique<frmFond>();
+        gCheminData = folder->path() + QLatin1Char('/');
+    }
+    void cleanup() { fond.reset(); }
+
+    void loadingTakesThePlayerAndOneGame()
+    {
+        writeAll(path("suite"), kJoueur);
+        gNomPartie = QStringLiteral("suite");
+        gNomJoueur = QStringLiteral("AUTRE");
+        QVERIFY(ChargePartie(2));
+        QCOMPARE(gNomJoueur, QStringLiteral("JOUEUR"));
+        QCOMPARE(gNiveau, 999);
+        QCOMPARE(gTempsTotal, 5000.0);
+        QVERIFY(ChargePartie(3)); // never played in this file
+        QCOMPARE(gNiveau, 0);
+        QCOMPARE(gTempsTotal, 0.0);
+    }
+
+    void aFailedLoadChangesNothing()
+    {
+        writeAll(path("court"), kJoueur.left(20));
+        writeAll(path("abime"), QByteArray(kJoueur).replace("1234", "12a4"));
+        for (const char *nom : {"court", "abime", "absente"}) {
+            gNomPartie = QLatin1String(nom);
+            gNomJoueur = QStringLiteral("ANNE");
+            gNiveau = 4;
+            gTempsTotal = 77;
+            QVERIFY(!ChargePartie(1));
+            QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
+            QCOMPARE(gNiveau, 4);
+            QCOMPARE(gTempsTotal, 77.0);
+        }
+    }
+
+    void aNewNameGetsTheBlankRecord()
+    {
+        QVERIFY(CreePartie(QStringLiteral("seize caractères")));
+        QCOMPARE(readAll(path("seize caractères")), formatSavedGame(blankSavedGame()));
+        QVERIFY(!CreePartie(QString()));
+    }
+
+    void anExistingSavedGameIsNeverTouched()
+    {
+        writeAll(path("Zoe"), kJoueur);
+        QVERIFY(!CreePartie(QStringLiteral("Zoe")));
+        QCOMPARE(readAll(path("Zoe")), kJoueur);
+        // Another case is another name here; the first file stays as it was.
+        QVERIFY(CreePartie(QStringLiteral("zoe")));
+        QCOMPARE(readAll(path("Zoe")), kJoueur);
+    }
+
+    void namesThatWouldLeaveTheFolderOrThatWindowsRefusesAreTurnedDown()
+    {
+        QDir(folder->path()).mkdir(QStringLiteral("sous"));
+        for (const char *nom : {"sous/x", "../dehors", "a..b", "..", "deux:points", "quoi?", "étoile*", "<a>", "a|b",
+                                "guillemet\"", "barre\\", "CON", "nul", "com1", "Lpt9.txt", "point.", "tab\t"}) {
+            QVERIFY2(!CreePartie(QString::fromUtf8(nom)), nom);
+        }
+        QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden).size(), 0);
+        QCOMPARE(QDir(folder->path() + QStringLiteral("/sous")).entryList(QDir::Files).size(), 0);
+        QVERIFY(!QFile::exists(folder->path() + QStringLiteral("/../dehors.sml")));
+        QVERIFY(CreePartie(QStringLiteral("été 2026, n°1")));
+    }
+
+    void aRewriteKeepsTheOtherGames()
+    {
+        writeAll(path("suite"), kJoueur);
+        gNomPartie = QStringLiteral("suite");
+        gNomJoueur = QStringLiteral("ÉLISE");
+        gJeu = 3;
+        gNiveau = 12;
+        gTempsTotal = 600;
+        QVERIFY(rewriteSavedGame());
+        QCOMPARE(readAll(path("suite")), QByteArray("\"\xC9LISE\"\r\n7\r\n1234\r\n999\r\n5000\r\n12\r\n600\r\n"));
+    }
+
+    void aRewriteOfAFileGoneMeanwhileStillKeepsThisGame()
+    {
+        gNomPartie = QStringLiteral("disparue");
+        gNomJoueur = QStringLiteral("A");
+        gJeu = 1;
+        gNiveau = 999;
+        gTempsTotal = 356400;
+        QVERIFY(rewriteSavedGame());
+        QCOMPARE(readAll(path("disparue")), QByteArray("\"A\"\r\n999\r\n356400\r\n0\r\n0\r\n0\r\n0\r\n"));
+    }
+
+    void aRewriteIntoARemovedFolderFailsAndTheProgramGoesOn()
+    {
+        gCheminData = folder->path() + QStringLiteral("/parti/");
+        gNomPartie = QStringLiteral("suite");
+        gJeu = 2;
+        QVERIFY(!rewriteSavedGame());
+        QVERIFY(!CreePartie(QStringLiteral("nouvelle")));
+    }
+};
+
+QTEST_MAIN(TestSavedGames)
+#include "tst_saved_games.moc"
