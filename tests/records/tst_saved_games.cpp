@@ -35,7 +35,7 @@ class TestSavedGames : public QObject {
     std::unique_ptr<QTemporaryDir> folder;
     std::unique_ptr<frmFond> fond;
 
-    QString path(const char *nom) const { return gCheminData + QLatin1String(nom) + QStringLiteral(".sml"); }
+    QString path(const char *nom) const { return gCheminData + QString::fromUtf8(nom) + QStringLiteral(".sml"); }
 
 private slots:
     void init()

@@ -1,0 +1,146 @@
+#include "frmFile.h"
+
+#include "fonts.h"
+#include "frmFond.h"
+#include "pointers.h"
+#include "sound.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+frmFile::frmFile(QWidget *parent)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mFond(QStringLiteral(":/art/file.jpg"))
+{
+    setWindowTitle(QStringLiteral("Selecteur fichier"));
+    setFixedSize(300, 300);
+
+    labMess = new QLabel(QStringLiteral("Choisissez votre fichier :"), this);
+    labMess->setGeometry(33, 30, 238, 20);
+    labMess->setFont(boldArial(16));
+    labMess->setAlignment(Qt::AlignCenter);
+    labMess->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
+
+    for (int i = 0; i < 5; ++i) {
+        labF[i] = new ClickLabel(this);
+        labF[i]->setGeometry(22, 58 + 22 * i, 230, 20);
+        labF[i]->setFont(boldArial(16));
+        labF[i]->setAlignment(Qt::AlignCenter);
+        labF[i]->setTextFormat(Qt::PlainText);
+        labF[i]->setCursor(customPointer());
+        QPalette palette = labF[i]->palette();
+        palette.setColor(QPalette::Window, QColor(128, 128, 128));
+        labF[i]->setPalette(palette);
+        connect(labF[i], &ClickLabel::clicked, this, [this, i] { labF_Click(i); });
+    }
+
+    for (int i = 0; i < 2; ++i) {
+        imgScroll[i] = new HotSpot(this);
+        imgScroll[i]->setGeometry(255, 59 + 52 * i, 20, 51);
+        connect(imgScroll[i], &HotSpot::clicked, this, [this, i] { imgScroll_Click(i); });
+
+        reponse[i] = new ClickLabel(this);
+        reponse[i]->setText(i == 0 ? QStringLiteral("Charger") : QStringLiteral("Annuler"));
+        reponse[i]->setGeometry(100, 189 + 34 * i, 180, 27);
+        reponse[i]->setFont(boldArial(19));
+        reponse[i]->setAlignment(Qt::AlignCenter);
+        reponse[i]->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
+        reponse[i]->setCursor(customPointer());
+        connect(reponse[i], &ClickLabel::clicked, this, [this, i] { reponse_Click(i); });
+    }
+}
+
+void frmFile::Form_Load()
+{
+    mPremier = 0;
+    mChoix = -1;
+    clearNames();
+    mDernier = mainWindow()->filList.ListCount() - 1;
+    for (int32_t i = 0; i <= mDernier && i < 5; ++i) labF[i]->setText(shownName(i));
+}
+
+void frmFile::imgScroll_Click(int Index)
+{
+    // Up looks one step further than down does: from anywhere below 8 it goes straight to the top.
+    if (Index == 0) {
+        mPremier -= 4;
+        if (mPremier - 4 < 0) mPremier = 0;
+    } else {
+        mPremier += 4;
+        if (mPremier + 4 > mDernier) mPremier = mDernier - 4;
+        if (mPremier < 0) mPremier = 0;
+    }
+    clearNames();
+    JoueSon(QStringLiteral("marel009.wav"));
+    for (int32_t i = mPremier; i <= mPremier + 4 && i <= mDernier; ++i) labF[i - mPremier]->setText(shownName(i));
+    mChoix = -1;
+}
+
+void frmFile::labF_Click(int Index)
+{
+    if (labF[Index]->text().isEmpty()) return;
+    for (int i = 0; i < 5; ++i) setMarked(i, false);
+    JoueSon(QStringLiteral("marel009.wav"));
+    setMarked(Index, true);
+    mChoix = mPremier + Index;
+}
+
+void frmFile::reponse_Click(int Index)
+{
+    JoueSon(QStringLiteral("marel009.wav"));
+    if (Index == 0) {
+        if (mChoix == -1) return;
+        Tag = shownName(mChoix);
+    } else {
+        Tag.clear();
+    }
+    hide();
+}
+
+void frmFile::clearNames()
+{
+    for (int i = 0; i < 5; ++i) {
+        labF[i]->clear();
+        setMarked(i, false);
+    }
+}
+
+// The marked label is filled with the grey of its palette; the others let the frame show through.
+void frmFile::setMarked(int index, bool marked) { labF[index]->setAutoFillBackground(marked); }
+
+QString frmFile::shownName(int32_t index)
+{
+    const QString name = mainWindow()->filList.List(index);
+    return name.left(qMax(0, name.size() - 4));
+}
+
+// Every showing opens centred on the main window.
+void frmFile::setVisible(bool visible)
+{
+    if (visible) {
+        if (QWidget *fond = mainWindow()) move(fond->geometry().center() - rect().center());
+    }
+    QDialog::setVisible(visible);
+}
+
+void frmFile::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.drawImage(0, 0, mFond);
+}
+
+// Only a click on a label answers: Escape and Enter do nothing.
+void frmFile::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+    QDialog::keyPressEvent(event);
+}
+
+// The window system's close answers nothing, as "Annuler" does.
+void frmFile::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    if (!isVisible()) return;
+    Tag.clear();
+    hide();
+}
