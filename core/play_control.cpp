@@ -3,10 +3,14 @@
 #include "blanks.h"
 #include "documents.h"
 #include "frmFond.h"
+#include "frmBest.h"
+#include "frmFile.h"
 #include "frmMess.h"
 #include "level_store.h"
 #include "modBase.h"
 #include "pause.h"
+#include "save_dialogue.h"
+#include "saved_games.h"
 #include "sound.h"
 
 #include <QCoreApplication>
@@ -24,6 +28,7 @@ void frmFond::imgMenu_Click(int Index)
     case 1:
     case 2: LanceJeu(Index + 1); break;
     case 3: abandonOrReplay(); break;
+    case 4: showBestTimes(); break;
     case 5: OuvreAide(); break;
     case 6: quitQuestion(); break;
     default: break;
@@ -55,17 +60,35 @@ void frmFond::setUpLevelOf(int32_t jeu)
 void frmFond::LanceJeu(int32_t jeu)
 {
     if (gJeu != 0) return;
+    filList.Path = gCheminData;
+    filList.Refresh();
+    QString reponse = QStringLiteral("Lancer");
+    if (filList.ListCount() > 0)
+        reponse = AfficheMess(QStringLiteral("Jeu %1").arg(jeu) + kCrLf
+                                  + QStringLiteral("Vous pouvez lancer une nouvelle partie ou charger une partie "
+                                                   "enregistrée."),
+                              QStringLiteral("Lancer"), QStringLiteral("Charger"), QStringLiteral("Annuler"), false,
+                              gNomJoueur);
+    if (reponse == QLatin1String("Annuler")) return;
+
     setEnabled(false);
     gJeu = 10;
     AfficheMenu(1);
     gNbNiveaux = levelCount(jeu);
 
-    gNiveau = 0;
-    gNomPartie.clear();
-    const QString nom = AfficheMess(QStringLiteral("Entrez votre nom de joueur"), QStringLiteral("Valider"), QString(),
-                                    QString(), true, gNomJoueur);
-    gNomJoueur = trimBlanks(nom.toUpper());
-    gTempsTotal = 0;
+    if (reponse == QLatin1String("Lancer")) {
+        gNiveau = 0;
+        gNomPartie.clear();
+        const QString nom = AfficheMess(QStringLiteral("Entrez votre nom de joueur"), QStringLiteral("Valider"),
+                                        QString(), QString(), true, gNomJoueur);
+        gNomJoueur = trimBlanks(nom.toUpper());
+        gTempsTotal = 0;
+    } else if (!loadChosenGame(jeu)) {
+        AfficheMenu(0);
+        gJeu = 0;
+        setEnabled(true);
+        return;
+    }
 
     prepareScreenOf(jeu);
     setUpLevelOf(jeu);
@@ -76,6 +99,33 @@ void frmFond::LanceJeu(int32_t jeu)
     labTemps->show();
     setEnabled(true);
     gJeu = jeu;
+}
+
+bool frmFond::loadChosenGame(int32_t jeu)
+{
+    auto *chooser = new frmFile(this);
+    chooser->Form_Load();
+    JoueSon(QStringLiteral("marel008.wav"));
+    chooser->exec();
+    const QString nom = chooser->Tag;
+    delete chooser;
+    if (nom.isEmpty()) return false;
+
+    const QString before = gNomPartie;
+    gNomPartie = nom;
+    if (!ChargePartie(jeu)) {
+        gNomPartie = before;
+        AfficheMess(QStringLiteral("Impossible de charger la partie :") + kCrLf + nom, QStringLiteral("Fermer"),
+                    QString(), QString(), false, QString());
+        return false;
+    }
+    if (gNiveau > gNbNiveaux - 1 || gNiveau == 999) {
+        AfficheMess(QStringLiteral("Vous avez terminé le jeu %1 dans cette partie...").arg(jeu) + kCrLf
+                        + QStringLiteral("Félicitations"),
+                    QStringLiteral("Fermer"), QString(), QString(), false, QString());
+        return false;
+    }
+    return true;
 }
 
 void frmFond::abandonOrReplay()
@@ -99,6 +149,7 @@ void frmFond::abandonOrReplay()
         myTimer.start();
         labTemps->show();
     } else if (reponse == QLatin1String("Abandonner")) {
+        SauvePartie();
         labNiveau->hide();
         labTemps->hide();
         gASauver = false;
@@ -109,12 +160,29 @@ void frmFond::abandonOrReplay()
     }
 }
 
+void frmFond::showBestTimes()
+{
+    pctEcran1->hide();
+    pctEcran2->hide();
+    pctEcran3->hide();
+    JoueSon(QStringLiteral("marel008.wav"));
+    myTimer.stop();
+    auto *best = new frmBest(this);
+    best->Form_Load();
+    best->exec();
+    delete best;
+    if (gJeu >= 1 && gJeu <= 3) {
+        screenOf(gJeu)->show();
+        myTimer.start();
+    }
+}
+
 void frmFond::quitQuestion()
 {
     if (gJeu >= 1 && gJeu <= 3) return;
     const QString reponse = AfficheMess(QStringLiteral("Voulez-vous vraiment quitter le programme ?"),
                                         QStringLiteral("Oui"), QStringLiteral("Non"), QString(), false, QString());
-    if (reponse == QLatin1String("Oui")) QCoreApplication::exit(0);
+    if (reponse == QLatin1String("Oui")) QCoreApplication::quit();
 }
 
 bool frmFond::wonLevel(bool solved)
@@ -150,6 +218,7 @@ void frmFond::closeGame(int32_t jeu)
                     + QStringLiteral("les ") + QString::number(gNbNiveaux) + QStringLiteral(" niveaux du jeu ")
                     + QString::number(jeu),
                 QStringLiteral("Fermer"), QString(), QString(), false, QString());
+    SauvePartie();
     labNiveau->hide();
     labTemps->hide();
     gASauver = false;

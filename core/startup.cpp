@@ -1,4 +1,5 @@
 // Start-up: from the program's entry to the idle main window.
+#include "best_times.h"
 #include "frmFond.h"
 #include "level_store.h"
 #include "modBase.h"
@@ -17,6 +18,7 @@ bool frmFond::Form_Load()
     preloadCues();
     gFichierBest = QStringLiteral("mlbestTime.dat");
     Picture1->show();
+    InitDonnees();
 
     mCtrl = false;
     gNomJoueur.clear();

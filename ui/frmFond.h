@@ -49,7 +49,10 @@ public:
     // Play control: the seven menu buttons by the state in gJeu.
     void imgMenu_Click(int Index);
     void LanceJeu(int32_t jeu);
+    // The "Charger" road of a start: the chooser, then the load; false when no game is to be played.
+    bool loadChosenGame(int32_t jeu);
     void abandonOrReplay();
+    void showBestTimes();
     void quitQuestion();
     // The steps the three end-of-level tests share: whether the level is won, with the clock's part
     // of a win; the way on to the next level after a pause; the close of a game after its last level.

@@ -1,5 +1,6 @@
 // Jeu 2 on the screen: the stones on the window's own background, the mouse, the cues and the end of a level.
 #include "bitblt.h"
+#include "best_times_update.h"
 #include "frmFond.h"
 #include "level_store.h"
 #include "modBase.h"
@@ -78,6 +79,7 @@ void frmFond::takeBackFlip()
 void frmFond::TesteFin2()
 {
     if (!wonLevel(stones.Vide2())) return;
+    MajBest2();
     if (gNiveau + 1 < gNbNiveaux)
         nextLevel(2, 2);
     else

@@ -1,5 +1,6 @@
 // Jeu 1 on the screen: the target board above, the sockets below, the mouse, the cues and the end of a level.
 #include "bitblt.h"
+#include "best_times_update.h"
 #include "frmFond.h"
 #include "level_store.h"
 #include "modBase.h"
@@ -98,6 +99,7 @@ void frmFond::DessineTout1()
 void frmFond::TesteFin1()
 {
     if (!wonLevel(tiles.Complet1())) return;
+    MajBest1();
     if (gNiveau + 1 < gNbNiveaux) {
         for (int32_t y = 0; y < 5; ++y)
             for (int32_t x = 0; x < 8; ++x)

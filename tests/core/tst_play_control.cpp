@@ -1,5 +1,6 @@
 // Play control at the real window: each menu button in each state, the start of a game, the
 // question of a running game ("Annuler", "Rejouer" with and without Ctrl, "Abandonner") and quitting.
+#include "frmBest.h"
 #include "play_session.h"
 
 #include <QDir>
@@ -31,12 +32,41 @@ private slots:
     void idleButtonsThatDoNothingAreSilent()
     {
         s.clickMenu(3);
-        s.clickMenu(4);
         QCOMPARE(gJeu, 0);
         QVERIFY(s.fond->tambour.played.isEmpty());
         s.clickMenu(5); // help with no viewer: silent, nothing changes
         QCOMPARE(gJeu, 0);
         QVERIFY(s.fond->tambour.played.isEmpty());
+    }
+
+    void bestTimesOpenInEveryStateWithTheClockStopped()
+    {
+        const auto closeBestTimes = [this](bool *clockStopped) {
+            whenModal([this, clockStopped](QWidget *dialog) {
+                auto *best = qobject_cast<frmBest *>(dialog);
+                QVERIFY(best);
+                *clockStopped = !s.fond->myTimer.isActive() && !s.fond->pctEcran1->isVisible()
+                             && !s.fond->pctEcran2->isVisible() && !s.fond->pctEcran3->isVisible();
+                QTest::mouseClick(best->Image1, Qt::LeftButton);
+            });
+        };
+        bool stopped = false;
+        closeBestTimes(&stopped);
+        s.clickMenu(4);
+        QVERIFY(stopped);
+        QCOMPARE(s.fond->tambour.played, QStringList({"marel008.wav", "marel009.wav"}));
+        QVERIFY(!s.fond->myTimer.isActive());
+
+        s.startGame(2, QStringLiteral("eve"));
+        gTempsNiveau = 9;
+        stopped = false;
+        closeBestTimes(&stopped);
+        s.clickMenu(4);
+        QVERIFY(stopped);
+        QVERIFY(s.fond->pctEcran2->isVisible());
+        QVERIFY(s.fond->myTimer.isActive());
+        QCOMPARE(gTempsNiveau, 9.0);
+        QCOMPARE(gJeu, 2);
     }
 
     void startingAGameAsksTheNameWithInputOff()
@@ -203,15 +233,13 @@ private slots:
         QCOMPARE(s.fond->tambour.played, QStringList({"marel008.wav", "marel009.wav"}));
     }
 
-    // Last: once the program is told to end, no event loop of this process runs again.
     void quitOuiEndsTheProgram()
     {
-        QEventLoop program;
         QTimer::singleShot(0, [this] {
             s.answer(QStringLiteral("Oui"));
             s.clickMenu(6);
         });
-        QCOMPARE(program.exec(), 0);
+        QCOMPARE(QCoreApplication::exec(), 0); // the program's event loop ends with status 0
         QCOMPARE(s.lastMessage, QStringLiteral("Voulez-vous vraiment quitter le programme ?"));
     }
 };

@@ -9,16 +9,34 @@
 #include "modal_answer.h"
 #include "pause.h"
 
+#include <QPointer>
+#include <QTemporaryDir>
 #include <QTest>
+#include <functional>
 #include <memory>
 
 struct PlaySession {
     std::unique_ptr<frmFond> fond;
+    std::unique_ptr<QTemporaryDir> home; // the user's data folder, new for each session
 
-    // Starts the program at the idle window, with pauses a hundred times shorter.
+    // Starts the program at the idle window, on a data folder of its own, with pauses a hundred times shorter.
     void start()
     {
+        fond.reset();
+        home = std::make_unique<QTemporaryDir>();
+        qputenv("XDG_DATA_HOME", home->path().toUtf8());
         pauseScale() = 0.01;
+        fond = std::make_unique<frmFond>();
+        QVERIFY(fond->Form_Load());
+        fond->show();
+        QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
+        fond->tambour.played.clear();
+    }
+
+    // Ends the program and starts it again on the same data folder, as a player who quits and comes back.
+    void restart()
+    {
+        fond.reset();
         fond = std::make_unique<frmFond>();
         QVERIFY(fond->Form_Load());
         fond->show();
@@ -56,6 +74,49 @@ struct PlaySession {
             }
             QFAIL(qPrintable(QStringLiteral("no button ") + caption));
         });
+    }
+
+    // Answers the next dialogs one after the other, each action for the dialog of its turn: for the
+    // questions that one click asks in a row.
+    using Action = std::function<void(QWidget *)>;
+    void inTurn(QList<Action> actions)
+    {
+        auto *poll = new QTimer;
+        poll->setInterval(10);
+        auto answered = std::make_shared<QPointer<QWidget>>();
+        QObject::connect(poll, &QTimer::timeout, [poll, answered, actions]() mutable {
+            QWidget *dialog = QApplication::activeModalWidget();
+            if (!dialog || !dialog->isVisible() || dialog == answered->data()) return;
+            *answered = dialog;
+            const Action action = actions.takeFirst();
+            if (actions.isEmpty()) {
+                poll->stop();
+                poll->deleteLater();
+            }
+            action(dialog);
+        });
+        poll->start();
+    }
+
+    // The action that answers a message dialog as answer() does.
+    Action reply(const QString &caption, const QString &box = QString())
+    {
+        return [this, caption, box](QWidget *dialog) {
+            auto *mess = qobject_cast<frmMess *>(dialog);
+            QVERIFY(mess);
+            lastMessage = mess->labMess->text();
+            if (!mess->txtReponse->isHidden()) {
+                mess->txtReponse->clear();
+                QTest::keyClicks(mess->txtReponse, box);
+            }
+            for (ClickLabel *label : mess->reponse) {
+                if (!label->isHidden() && label->text() == caption) {
+                    QTest::mouseClick(label, Qt::LeftButton);
+                    return;
+                }
+            }
+            QFAIL(qPrintable(QStringLiteral("no button ") + caption));
+        };
     }
 
     void clickMenu(int index) { QTest::mouseClick(fond->imgMenu[index], Qt::LeftButton); }

@@ -1,0 +1,206 @@
+// The whole cycle of the records at the real window: play, rank, save, quit, start again, load,
+// and the bytes of the best-times file and of the saved game at each step.
+#include "frmFile.h"
+#include "play_session.h"
+
+#include <QFile>
+
+namespace {
+
+QByteArray readAll(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray bestLine(const char *text27) { return '"' + QByteArray(text27) + "\"\r\n"; }
+
+const QByteArray kEmptyRow = bestLine("00000000000................");
+
+// The best-times file with game 1's rows given and the other games empty.
+QByteArray bestFile(const QByteArray &game1Rows) { return game1Rows + kEmptyRow.repeated(6); }
+
+// Placement orders that solve levels 0 and 1 of Jeu 1, as lower-board cells.
+const QList<QPoint> kLevel0 = {{3, 4}, {3, 3}, {3, 0}, {3, 1}, {3, 2}};
+const QList<QPoint> kLevel1 = {{3, 2}, {4, 2}, {5, 2}, {3, 3}, {3, 4}, {3, 1}, {3, 0}, {2, 2}, {1, 2}};
+
+} // namespace
+
+class TestRecordsCycle : public QObject {
+    Q_OBJECT
+
+    PlaySession s;
+
+    QString data() const { return gCheminData; }
+    QString partie() const { return gCheminData + QStringLiteral("ma partie.sml"); }
+
+    // Plays a level of Jeu 1 in the given number of seconds of the clock.
+    void winLevel(const QList<QPoint> &cells, int seconds)
+    {
+        for (int i = 0; i < seconds; ++i) s.fond->myTimer_Timer();
+        for (const QPoint &cell : cells)
+            PlaySession::press(s.fond->pctEcran1, Qt::LeftButton, QPoint(54 * cell.x() + 27, 278 + 54 * cell.y() + 27));
+    }
+
+    // Starts the program again; the clock then ticks only when the test says so.
+    void startProgram(bool fresh)
+    {
+        if (fresh)
+            s.start();
+        else
+            s.restart();
+        s.fond->myTimer.setInterval(24 * 3600 * 1000);
+        PlaySession::keepLevels(1, {0, 1, 0});
+    }
+
+    // Answers the chooser by marking the name at the given row and loading it.
+    static PlaySession::Action chooseRow(int row, QStringList *shown)
+    {
+        return [row, shown](QWidget *dialog) {
+            auto *chooser = qobject_cast<frmFile *>(dialog);
+            QVERIFY(chooser);
+            shown->clear();
+            for (int i = 0; i < 5; ++i) shown->append(chooser->labF[i]->text());
+            QTest::mouseClick(chooser->labF[row], Qt::LeftButton);
+            QTest::mouseClick(chooser->reponse[0], Qt::LeftButton);
+        };
+    }
+
+private slots:
+    void playSaveQuitLoadAndFinish()
+    {
+        // A first run: the data folder and a best-times file of empty rows.
+        startProgram(true);
+        QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")), kEmptyRow.repeated(9));
+
+        // A new game; with no saved game on disk the name is asked at once.
+        s.startGame(1, QStringLiteral("anne"));
+        QCOMPARE(gJeu, 1);
+        winLevel(kLevel0, 3); // level 0 in 3 s scores below the empty rows: no place, no write
+        QCOMPARE(gNiveau, 1);
+        QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")), kEmptyRow.repeated(9));
+        winLevel(kLevel1, 5);
+        QCOMPARE(gNiveau, 2);
+        QCOMPARE(gTempsTotal, 8.0);
+        const QByteArray afterTwo = bestFile(bestLine("00100000008ANNE            ") + kEmptyRow + kEmptyRow);
+        QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")), afterTwo);
+        QCOMPARE(s.fond->tambour.played.count(QStringLiteral("marel001.wav")), 1);
+
+        // Abandon with a save under a name; the seconds of the level in play are not kept.
+        s.fond->myTimer_Timer();
+        s.inTurn({s.reply(QStringLiteral("Abandonner")), s.reply(QStringLiteral("Valider"), QStringLiteral("  ma partie "))});
+        s.clickMenu(3);
+        QCOMPARE(gJeu, 0);
+        QCOMPARE(s.lastMessage, QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom."));
+        QCOMPARE(readAll(partie()), QByteArray("\"ANNE\"\r\n2\r\n8\r\n0\r\n0\r\n0\r\n0\r\n"));
+        QVERIFY(gNomPartie.isEmpty());
+
+        // Quit, and start again: the tables come back from the file.
+        s.answer(QStringLiteral("Oui"));
+        QTimer::singleShot(0, [this] { s.clickMenu(6); });
+        QCOMPARE(QCoreApplication::exec(), 0);
+        startProgram(false);
+        QCOMPARE(gBestNom1[1], QStringLiteral("ANNE"));
+        QCOMPARE(gBestNiveau1[1], 1);
+
+        // "Charger": the chooser lists the saved game, and play goes on at level 2 with 8 seconds.
+        QStringList shown;
+        s.inTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown)});
+        gNomJoueur = QStringLiteral("QUELQU'UN");
+        s.clickMenu(0);
+        QCOMPARE(s.lastMessage, QStringLiteral("Jeu 1\nVous pouvez lancer une nouvelle partie ou charger une partie enregistrée."));
+        QCOMPARE(shown, QStringList({"ma partie", "", "", "", ""}));
+        QCOMPARE(gJeu, 1);
+        QCOMPARE(gNiveau, 2);
+        QCOMPARE(gTempsTotal, 8.0);
+        QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
+        QCOMPARE(gNomPartie, QStringLiteral("ma partie"));
+        QCOMPARE(s.fond->labNiveau->text(), QStringLiteral("002"));
+        QVERIFY(!gASauver);
+
+        // The last level: the player's row takes the new result, and the save stores 999.
+        QString closing;
+        s.inTurn({[&closing, this](QWidget *dialog) {
+                      s.reply(QStringLiteral("Fermer"))(dialog);
+                      closing = s.lastMessage;
+                  },
+                  s.reply(QStringLiteral("Oui"))});
+        winLevel(kLevel0, 4);
+        QCOMPARE(gJeu, 0);
+        QCOMPARE(closing, QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 3 niveaux du jeu 1"));
+        QCOMPARE(s.lastMessage, QStringLiteral("Voulez-vous sauver la partie :\nma partie"));
+        QCOMPARE(readAll(partie()), QByteArray("\"ANNE\"\r\n999\r\n12\r\n0\r\n0\r\n0\r\n0\r\n"));
+        QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")),
+                 bestFile(bestLine("00200000012ANNE            ") + kEmptyRow + kEmptyRow));
+
+        // Loading a finished game gives the message and no board.
+        s.inTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown), s.reply(QStringLiteral("Fermer"))});
+        s.clickMenu(0);
+        QCOMPARE(s.lastMessage, QStringLiteral("Vous avez terminé le jeu 1 dans cette partie...\nFélicitations"));
+        QCOMPARE(gJeu, 0);
+        QVERIFY(!s.fond->pctEcran1->isVisible());
+        QCOMPARE(readAll(partie()), QByteArray("\"ANNE\"\r\n999\r\n12\r\n0\r\n0\r\n0\r\n0\r\n"));
+    }
+
+    void declinedLoadsAndSavesChangeNothing()
+    {
+        startProgram(true);
+        QFile garbled(data() + QStringLiteral("abîmée.sml"));
+        QVERIFY(garbled.open(QIODevice::WriteOnly));
+        garbled.write("\"ZOE\"\r\n1\r\n");
+        garbled.close();
+        QFile good(partie());
+        QVERIFY(good.open(QIODevice::WriteOnly));
+        good.write("\"ZOE\"\r\n1\r\n40\r\n0\r\n0\r\n0\r\n0\r\n");
+        good.close();
+        gNomJoueur = QStringLiteral("ANNE");
+        gNiveau = 0;
+        gTempsTotal = 0;
+
+        // "Annuler" at the launch question: nothing changes, not even the menu art.
+        const QImage idle = s.fond->image.copy();
+        s.answer(QStringLiteral("Annuler"));
+        s.clickMenu(0);
+        QCOMPARE(gJeu, 0);
+        QCOMPARE(s.fond->image, idle);
+        QVERIFY(s.fond->isEnabled());
+
+        // A chooser closed with "Annuler" goes back to idle.
+        s.inTurn({s.reply(QStringLiteral("Charger")), [](QWidget *dialog) {
+                      QTest::mouseClick(qobject_cast<frmFile *>(dialog)->reponse[1], Qt::LeftButton);
+                  }});
+        s.clickMenu(1);
+        QCOMPARE(gJeu, 0);
+        QCOMPARE(gNbNiveaux, 100);
+        QCOMPARE(s.fond->image, idle);
+
+        // A saved game cut short does not load: a message, and the record as it was.
+        QStringList shown;
+        s.inTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown), s.reply(QStringLiteral("Fermer"))});
+        s.clickMenu(0);
+        QCOMPARE(shown.first(), QStringLiteral("abîmée"));
+        QCOMPARE(s.lastMessage, QStringLiteral("Impossible de charger la partie :\nabîmée"));
+        QCOMPARE(gJeu, 0);
+        QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
+        QVERIFY(gNomPartie.isEmpty());
+        QCOMPARE(gTempsTotal, 0.0);
+        QVERIFY(s.fond->isEnabled());
+
+        // A loaded game abandoned before any win offers nothing; after a win, "Non" keeps the file as it was.
+        s.inTurn({s.reply(QStringLiteral("Charger")), chooseRow(1, &shown)});
+        s.clickMenu(0);
+        QCOMPARE(gNiveau, 1);
+        QCOMPARE(gTempsTotal, 40.0);
+        QCOMPARE(gNomJoueur, QStringLiteral("ZOE"));
+        winLevel(kLevel1, 2);
+        QCOMPARE(gNiveau, 2);
+        s.inTurn({s.reply(QStringLiteral("Abandonner")), s.reply(QStringLiteral("Non"))});
+        s.clickMenu(3);
+        QCOMPARE(s.lastMessage, QStringLiteral("Voulez-vous sauver la partie :\nma partie"));
+        QCOMPARE(readAll(partie()), QByteArray("\"ZOE\"\r\n1\r\n40\r\n0\r\n0\r\n0\r\n0\r\n"));
+        QCOMPARE(gJeu, 0);
+    }
+};
+
+QTEST_MAIN(TestRecordsCycle)
+#include "tst_records_cycle.moc"
