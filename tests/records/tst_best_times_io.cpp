@@ -3,14 +3,13 @@
 #include "best_times.h"
 #include "best_times_file.h"
 #include "best_times_table.h"
+#include "disk_full.h"
 #include "modBase.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-#include <csignal>
-#include <sys/resource.h>
 
 namespace {
 
@@ -26,27 +25,6 @@ void writeAll(const QString &path, const QByteArray &bytes)
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(bytes);
 }
-
-// While it lives, no file of this process can grow past the given size, as on a full disk.
-class DiskFullAfter {
-public:
-    explicit DiskFullAfter(rlim_t bytes)
-    {
-        getrlimit(RLIMIT_FSIZE, &mOld);
-        mOldHandler = signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{bytes, mOld.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~DiskFullAfter()
-    {
-        setrlimit(RLIMIT_FSIZE, &mOld);
-        signal(SIGXFSZ, mOldHandler);
-    }
-
-private:
-    rlimit mOld{};
-    void (*mOldHandler)(int);
-};
 
 const QByteArray kEmptyLine = bestLine({0, 0, kEmptyName});
 

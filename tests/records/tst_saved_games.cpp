@@ -1,5 +1,6 @@
 // Saved games on a real disk: loading, creating under a name, rewriting, and the names and faults
 // that must never cost a saved game.
+#include "disk_full.h"
 #include "frmFond.h"
 #include "modBase.h"
 #include "saved_game_file.h"
@@ -127,6 +128,24 @@ private slots:
         gTempsTotal = 356400;
         QVERIFY(rewriteSavedGame());
         QCOMPARE(readAll(path("disparue")), QByteArray("\"A\"\r\n999\r\n356400\r\n0\r\n0\r\n0\r\n0\r\n"));
+    }
+
+    void aFullDiskCostsNoSavedGame()
+    {
+        writeAll(path("suite"), kJoueur);
+        gNomPartie = QStringLiteral("suite");
+        gNomJoueur = QStringLiteral("UN NOM BIEN LONG");
+        gJeu = 1;
+        gNiveau = 12345;
+        gTempsTotal = 123456;
+        {
+            DiskFullAfter limit(20);
+            QVERIFY(!rewriteSavedGame());
+            QVERIFY(!CreePartie(QStringLiteral("nouvelle")));
+        }
+        QCOMPARE(readAll(path("suite")), kJoueur);
+        QVERIFY(!QFile::exists(path("nouvelle")));
+        QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList({"suite.sml"}));
     }
 
     void aRewriteIntoARemovedFolderFailsAndTheProgramGoesOn()
