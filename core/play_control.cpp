@@ -2,9 +2,9 @@
 // question of a running game, the way from one won level to the next and the close of a game.
 #include "blanks.h"
 #include "documents.h"
-#include "frmFond.h"
 #include "frmBest.h"
 #include "frmFile.h"
+#include "frmFond.h"
 #include "frmMess.h"
 #include "level_store.h"
 #include "modBase.h"
@@ -35,27 +35,30 @@ void frmFond::imgMenu_Click(int Index)
     }
 }
 
-Surface *frmFond::screenOf(int32_t jeu) const { return jeu == 1 ? pctEcran1 : jeu == 2 ? pctEcran2 : pctEcran3; }
+namespace {
 
-void frmFond::prepareScreenOf(int32_t jeu)
+// What each game brings to play control: its screen, its preparation and its level set-up.
+struct GameScreen {
+    Surface *frmFond::*screen;
+    void (frmFond::*prepare)();
+    void (frmFond::*setUp)();
+};
+
+const GameScreen &gameScreen(int32_t jeu)
 {
-    if (jeu == 1)
-        PrepareEcran1();
-    else if (jeu == 2)
-        PrepareEcran2();
-    else
-        PrepareEcran3();
+    static const GameScreen games[3] = {
+        {&frmFond::pctEcran1, &frmFond::PrepareEcran1, &frmFond::ChargeNiveau1},
+        {&frmFond::pctEcran2, &frmFond::PrepareEcran2, &frmFond::ChargeNiveau2},
+        {&frmFond::pctEcran3, &frmFond::PrepareEcran3, &frmFond::ChargeNiveau3},
+    };
+    return games[jeu - 1];
 }
 
-void frmFond::setUpLevelOf(int32_t jeu)
-{
-    if (jeu == 1)
-        ChargeNiveau1();
-    else if (jeu == 2)
-        ChargeNiveau2();
-    else
-        ChargeNiveau3();
-}
+} // namespace
+
+Surface *frmFond::screenOf(int32_t jeu) const { return this->*gameScreen(jeu).screen; }
+void frmFond::prepareScreenOf(int32_t jeu) { (this->*gameScreen(jeu).prepare)(); }
+void frmFond::setUpLevelOf(int32_t jeu) { (this->*gameScreen(jeu).setUp)(); }
 
 void frmFond::LanceJeu(int32_t jeu)
 {

@@ -86,8 +86,7 @@ bool EcritBest()
     QByteArray bytes;
     for (int32_t jeu = 1; jeu <= 3; ++jeu) {
         const BestTable table = bestTable(jeu);
-        for (int row = 1; row <= 3; ++row)
-            bytes += bestLine({table.niveaux[row], table.temps[row], table.noms[row]});
+        for (int row = 1; row <= 3; ++row) bytes += bestLine({table.niveaux[row], table.temps[row], table.noms[row]});
     }
     return writeWholeFile(gCheminData + gFichierBest, bytes);
 }

@@ -7,8 +7,6 @@
 #include "sound.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
-#include <QPainter>
 #include <cmath>
 
 namespace {
@@ -17,18 +15,8 @@ namespace {
 constexpr int kNomTop[9] = {24, 78, 127, 184, 238, 287, 344, 398, 447};
 constexpr int kScoreTop[9] = {44, 97, 147, 204, 257, 307, 364, 417, 467};
 
-QFont plainArial(int pixels)
-{
-    QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(pixels);
-    return font;
-}
-
 // A number's digits behind a run of zeros, of which only the last `width` characters stand.
-QString lastDigits(qint64 n, int width)
-{
-    return (QString(width, QLatin1Char('0')) + QString::number(n)).right(width);
-}
+QString lastDigits(qint64 n, int width) { return (QString(width, QLatin1Char('0')) + QString::number(n)).right(width); }
 
 QLabel *tableLabel(QWidget *parent, const QRect &place, const QFont &font)
 {
@@ -43,11 +31,8 @@ QLabel *tableLabel(QWidget *parent, const QRect &place, const QFont &font)
 
 } // namespace
 
-frmBest::frmBest(QWidget *parent)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mFond(QStringLiteral(":/art/best.jpg"))
+frmBest::frmBest(QWidget *parent) : PictureDialog(parent, QStringLiteral(":/art/best.jpg"), QStringLiteral("Scores"))
 {
-    setWindowTitle(QStringLiteral("Scores"));
-    setFixedSize(400, 540);
 
     for (int i = 0; i < 9; ++i) {
         labNom[i] = tableLabel(this, QRect(26, kNomTop[i], 348, 20), boldArial(15));
@@ -66,8 +51,8 @@ void frmBest::Form_Load()
         const BestTable table = bestTable(i / 3 + 1);
         const int row = i % 3 + 1;
         labNom[i]->setText(table.noms[row]);
-        labScore[i]->setText(QStringLiteral("niveau ") + lastDigits(table.niveaux[row], 3) +
-                             FormatTemps(table.temps[row]));
+        labScore[i]->setText(QStringLiteral("niveau ") + lastDigits(table.niveaux[row], 3)
+                             + FormatTemps(table.temps[row]));
     }
 }
 
@@ -78,37 +63,15 @@ QString frmBest::FormatTemps(double t)
     const double m = std::trunc(r / 60);
     // Halves go to the even second, the rounding of the program's other whole numbers.
     const double s = std::nearbyint(r - m * 60);
-    return QStringLiteral(" en ") + QString::number(static_cast<qint64>(h)) + QStringLiteral("h ") +
-           lastDigits(static_cast<qint64>(m), 2) + QStringLiteral("min ") + lastDigits(static_cast<qint64>(s), 2) +
-           QStringLiteral("s ");
+    return QStringLiteral(" en ") + QString::number(static_cast<qint64>(h)) + QStringLiteral("h ")
+           + lastDigits(static_cast<qint64>(m), 2) + QStringLiteral("min ") + lastDigits(static_cast<qint64>(s), 2)
+           + QStringLiteral("s ");
 }
 
 void frmBest::Image1_Click()
 {
     JoueSon(QStringLiteral("marel009.wav"));
     hide();
-}
-
-// Every showing opens centred on the main window.
-void frmBest::setVisible(bool visible)
-{
-    if (visible) {
-        if (QWidget *fond = mainWindow()) move(fond->geometry().center() - rect().center());
-    }
-    QDialog::setVisible(visible);
-}
-
-void frmBest::paintEvent(QPaintEvent *)
-{
-    QPainter painter(this);
-    painter.drawImage(0, 0, mFond);
-}
-
-// Only the close plate closes the screen: Escape and Enter do nothing.
-void frmBest::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
-    QDialog::keyPressEvent(event);
 }
 
 // The window system's close acts as the close plate does.

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "hot_spot.h"
+#include "picture_dialog.h"
 
-#include <QDialog>
 #include <QLabel>
 
-class frmBest : public QDialog {
+class frmBest : public PictureDialog {
     Q_OBJECT
 
 public:
@@ -23,13 +23,6 @@ public:
     QLabel *labScore[9];
     HotSpot *Image1; // over the "Fermer" plate of the background
 
-    void setVisible(bool visible) override;
-
 protected:
-    void paintEvent(QPaintEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
-
-private:
-    QImage mFond;
 };

@@ -6,11 +6,9 @@
 #include "sound.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
-#include <QPainter>
 
 frmFile::frmFile(QWidget *parent)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mFond(QStringLiteral(":/art/file.jpg"))
+    : PictureDialog(parent, QStringLiteral(":/art/file.jpg"), QStringLiteral("Selecteur fichier"))
 {
     setWindowTitle(QStringLiteral("Selecteur fichier"));
     setFixedSize(300, 300);
@@ -112,28 +110,6 @@ QString frmFile::shownName(int32_t index)
 {
     const QString name = mainWindow()->filList.List(index);
     return name.left(qMax(0, name.size() - 4));
-}
-
-// Every showing opens centred on the main window.
-void frmFile::setVisible(bool visible)
-{
-    if (visible) {
-        if (QWidget *fond = mainWindow()) move(fond->geometry().center() - rect().center());
-    }
-    QDialog::setVisible(visible);
-}
-
-void frmFile::paintEvent(QPaintEvent *)
-{
-    QPainter painter(this);
-    painter.drawImage(0, 0, mFond);
-}
-
-// Only a click on a label answers: Escape and Enter do nothing.
-void frmFile::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
-    QDialog::keyPressEvent(event);
 }
 
 // The window system's close answers nothing, as "Annuler" does.

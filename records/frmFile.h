@@ -3,11 +3,11 @@
 
 #include "click_label.h"
 #include "hot_spot.h"
+#include "picture_dialog.h"
 
-#include <QDialog>
 #include <cstdint>
 
-class frmFile : public QDialog {
+class frmFile : public PictureDialog {
     Q_OBJECT
 
 public:
@@ -27,16 +27,12 @@ public:
     HotSpot *imgScroll[2];
     ClickLabel *reponse[2];
 
-    int32_t mPremier = 0; // list index of the name in labF(0)
-    int32_t mChoix = -1;  // list index of the marked name, -1 when none is
+    int32_t mPremier = 0;  // list index of the name in labF(0)
+    int32_t mChoix = -1;   // list index of the marked name, -1 when none is
     int32_t mDernier = -1; // list index of the last name
-    QString Tag;          // the answer: a name without its extension, or empty
-
-    void setVisible(bool visible) override;
+    QString Tag;           // the answer: a name without its extension, or empty
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -45,6 +41,4 @@ private:
     void setMarked(int index, bool marked);
     // The list entry at an index without its last four characters, the extension.
     static QString shownName(int32_t index);
-
-    QImage mFond;
 };

@@ -27,7 +27,7 @@ bool acceptableGameName(const QString &nom)
     static const QRegularExpression device(QStringLiteral(R"(^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])(\..*)?$)"),
                                            QRegularExpression::CaseInsensitiveOption);
     return !nom.isEmpty() && !refused.match(nom).hasMatch() && !device.match(nom).hasMatch()
-        && !nom.endsWith(QLatin1Char('.')) && !nom.endsWith(QLatin1Char(' '));
+           && !nom.endsWith(QLatin1Char('.')) && !nom.endsWith(QLatin1Char(' '));
 }
 
 bool ChargePartie(int32_t jeu)

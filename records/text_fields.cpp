@@ -1,9 +1,6 @@
 #include "text_fields.h"
 
-FieldReader::FieldReader(const QByteArray &bytes)
-    : mBytes(bytes)
-{
-}
+FieldReader::FieldReader(const QByteArray &bytes) : mBytes(bytes) {}
 
 bool FieldReader::atLineEnd() const { return mBytes[mAt] == '\r' || mBytes[mAt] == '\n'; }
 

@@ -7,3 +7,10 @@ QFont boldArial(int pixels)
     font.setPixelSize(pixels);
     return font;
 }
+
+QFont plainArial(int pixels)
+{
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(pixels);
+    return font;
+}

@@ -6,14 +6,9 @@
 #include "sound.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
-#include <QPainter>
 
-frmMess::frmMess(QWidget *parent)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mFond(QStringLiteral(":/art/mess.jpg"))
+frmMess::frmMess(QWidget *parent) : PictureDialog(parent, QStringLiteral(":/art/mess.jpg"), QStringLiteral("Message"))
 {
-    setWindowTitle(QStringLiteral("Message"));
-    setFixedSize(300, 300);
 
     imgB[0] = nullptr;
     for (int i = 1; i <= 2; ++i) {
@@ -54,19 +49,6 @@ void frmMess::reponse_Click(int Index)
     hide();
 }
 
-void frmMess::paintEvent(QPaintEvent *)
-{
-    QPainter painter(this);
-    painter.drawImage(0, 0, mFond);
-}
-
-// Only a click on a button answers: Escape and Enter do nothing.
-void frmMess::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
-    QDialog::keyPressEvent(event);
-}
-
 void frmMess::closeEvent(QCloseEvent *event) { event->ignore(); }
 
 QString AfficheMess(const QString &message, const QString &caption0, const QString &caption1, const QString &caption2,
@@ -97,7 +79,6 @@ QString AfficheMess(const QString &message, const QString &caption0, const QStri
         mess->txtReponse->show();
     }
     JoueSon(QStringLiteral("marel008.wav"));
-    if (QWidget *fond = mainWindow()) mess->move(fond->geometry().center() - mess->rect().center());
     mess->exec();
     const QString answer = mess->Tag;
     delete mess;

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "click_label.h"
+#include "picture_dialog.h"
 
-#include <QDialog>
 #include <QLineEdit>
 
-class frmMess : public QDialog {
+class frmMess : public PictureDialog {
     Q_OBJECT
 
 public:
@@ -21,12 +21,7 @@ public:
     QString Tag;     // the answer, read by the caller before the dialog is destroyed
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
-
-private:
-    QImage mFond;
 };
 
 // Asks a question and gives the caption of the button clicked, or the text of the box when it is shown.

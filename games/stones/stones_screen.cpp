@@ -1,6 +1,6 @@
 // Jeu 2 on the screen: the stones on the window's own background, the mouse, the cues and the end of a level.
-#include "bitblt.h"
 #include "best_times_update.h"
+#include "bitblt.h"
 #include "frmFond.h"
 #include "level_store.h"
 #include "modBase.h"

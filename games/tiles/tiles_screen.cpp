@@ -1,6 +1,6 @@
 // Jeu 1 on the screen: the target board above, the sockets below, the mouse, the cues and the end of a level.
-#include "bitblt.h"
 #include "best_times_update.h"
+#include "bitblt.h"
 #include "frmFond.h"
 #include "level_store.h"
 #include "modBase.h"
@@ -14,6 +14,12 @@ constexpr int kCell = 54;
 constexpr int kLowerTop = 278; // the lower board starts below the upper one and the gap
 constexpr int kSocketX = 216;
 constexpr int kWonX = 270;
+
+// Copies one 54 x 54 cell of the sheet onto the screen.
+void copyCell(Surface *screen, int x, int y, const Surface *sheet, int sheetX)
+{
+    BitBlt(screen->image, x, y, kCell, kCell, sheet->image, sheetX, 0, SRCCOPY);
+}
 
 } // namespace
 
@@ -74,9 +80,7 @@ void frmFond::DessineJeu1()
     for (int32_t y = 0; y < 5; ++y) {
         for (int32_t x = 0; x < 8; ++x) {
             const int32_t v = tiles.tabJeu1[x][y];
-            if (v >= 1 && v <= 4)
-                BitBlt(pctEcran1->image, kCell * x, kLowerTop + kCell * y, kCell, kCell, pctPion1->image,
-                       (v - 1) * kCell, 0, SRCCOPY);
+            if (v >= 1 && v <= 4) copyCell(pctEcran1, kCell * x, kLowerTop + kCell * y, pctPion1, (v - 1) * kCell);
         }
     }
 }
@@ -87,11 +91,9 @@ void frmFond::DessineTout1()
         for (int32_t x = 0; x < 8; ++x) {
             const int32_t v = tiles.tabJeu1[x][y];
             if (v >= 1 && v <= 4)
-                BitBlt(pctEcran1->image, kCell * x, kLowerTop + kCell * y, kCell, kCell, pctPion1->image,
-                       (v - 1) * kCell, 0, SRCCOPY);
+                copyCell(pctEcran1, kCell * x, kLowerTop + kCell * y, pctPion1, (v - 1) * kCell);
             else if (v == TileBoard::kSocle)
-                BitBlt(pctEcran1->image, kCell * x, kLowerTop + kCell * y, kCell, kCell, pctPion1->image, kSocketX, 0,
-                       SRCCOPY);
+                copyCell(pctEcran1, kCell * x, kLowerTop + kCell * y, pctPion1, kSocketX);
         }
     }
 }
@@ -103,8 +105,7 @@ void frmFond::TesteFin1()
     if (gNiveau + 1 < gNbNiveaux) {
         for (int32_t y = 0; y < 5; ++y)
             for (int32_t x = 0; x < 8; ++x)
-                if (tiles.tabCible1[x][y] > 0)
-                    BitBlt(pctEcran1->image, kCell * x, kCell * y, kCell, kCell, pctPion1->image, kWonX, 0, SRCCOPY);
+                if (tiles.tabCible1[x][y] > 0) copyCell(pctEcran1, kCell * x, kCell * y, pctPion1, kWonX);
         pctEcran1->refresh();
         nextLevel(1, 3);
     } else {

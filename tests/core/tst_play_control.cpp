@@ -46,7 +46,7 @@ private slots:
                 auto *best = qobject_cast<frmBest *>(dialog);
                 QVERIFY(best);
                 *clockStopped = !s.fond->myTimer.isActive() && !s.fond->pctEcran1->isVisible()
-                             && !s.fond->pctEcran2->isVisible() && !s.fond->pctEcran3->isVisible();
+                                && !s.fond->pctEcran2->isVisible() && !s.fond->pctEcran3->isVisible();
                 QTest::mouseClick(best->Image1, Qt::LeftButton);
             });
         };
@@ -149,7 +149,7 @@ private slots:
         bool hidden = false;
         whenModal([this, &hidden](QWidget *dialog) {
             hidden = !s.fond->pctEcran2->isVisible() && !s.fond->myTimer.isActive() && s.fond->labTemps->isVisible()
-                  && s.fond->labNiveau->isVisible();
+                     && s.fond->labNiveau->isVisible();
             QTest::mouseClick(qobject_cast<frmMess *>(dialog)->reponse[2], Qt::LeftButton);
         });
         s.clickMenu(3);

@@ -4,6 +4,7 @@
 #include "best_times_file.h"
 #include "best_times_table.h"
 #include "disk_full.h"
+#include "file_bytes.h"
 #include "modBase.h"
 
 #include <QDir>
@@ -12,19 +13,6 @@
 #include <QTest>
 
 namespace {
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 const QByteArray kEmptyLine = bestLine({0, 0, kEmptyName});
 

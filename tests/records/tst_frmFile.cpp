@@ -136,8 +136,7 @@ private slots:
             QCOMPARE(f->labF[i]->geometry(), QRect(22, 58 + 22 * i, 230, 20));
             QCOMPARE(f->labF[i]->font().pixelSize(), 16);
             QCOMPARE(f->labF[i]->cursor().shape(), Qt::BitmapCursor);
-            QCOMPARE(f->labF[i]->palette().color(QPalette::WindowText),
-                     f->palette().color(QPalette::WindowText));
+            QCOMPARE(f->labF[i]->palette().color(QPalette::WindowText), f->palette().color(QPalette::WindowText));
         }
         QCOMPARE(f->imgScroll[0]->geometry(), QRect(255, 59, 20, 51));
         QCOMPARE(f->imgScroll[1]->geometry(), QRect(255, 111, 20, 51));

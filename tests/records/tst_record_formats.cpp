@@ -195,7 +195,8 @@ private slots:
     {
         const QByteArray good = formatSavedGame(blankSavedGame());
         QVERIFY(parseSavedGame(good));
-        for (int cut = 0; cut < good.size() - 2; ++cut) QVERIFY2(!parseSavedGame(good.left(cut)), qPrintable(QString::number(cut)));
+        for (int cut = 0; cut < good.size() - 2; ++cut)
+            QVERIFY2(!parseSavedGame(good.left(cut)), qPrintable(QString::number(cut)));
         QVERIFY(!parseSavedGame("\"A\"\r\n7\r\nsept\r\n0\r\n0\r\n0\r\n0\r\n"));
         QVERIFY(!parseSavedGame("\"A\"\r\n-1\r\n0\r\n0\r\n0\r\n0\r\n0\r\n"));
         QVERIFY(!parseSavedGame("\"A\"\r\n1\r\n356401\r\n0\r\n0\r\n0\r\n0\r\n"));

@@ -1,17 +1,12 @@
 // The whole cycle of the records at the real window: play, rank, save, quit, start again, load,
 // and the bytes of the best-times file and of the saved game at each step.
+#include "file_bytes.h"
 #include "frmFile.h"
 #include "play_session.h"
 
 #include <QFile>
 
 namespace {
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QByteArray bestLine(const char *text27) { return '"' + QByteArray(text27) + "\"\r\n"; }
 
@@ -88,7 +83,8 @@ private slots:
 
         // Abandon with a save under a name; the seconds of the level in play are not kept.
         s.fond->myTimer_Timer();
-        s.inTurn({s.reply(QStringLiteral("Abandonner")), s.reply(QStringLiteral("Valider"), QStringLiteral("  ma partie "))});
+        s.inTurn({s.reply(QStringLiteral("Abandonner")),
+                  s.reply(QStringLiteral("Valider"), QStringLiteral("  ma partie "))});
         s.clickMenu(3);
         QCOMPARE(gJeu, 0);
         QCOMPARE(s.lastMessage, QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom."));
@@ -108,7 +104,8 @@ private slots:
         s.inTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown)});
         gNomJoueur = QStringLiteral("QUELQU'UN");
         s.clickMenu(0);
-        QCOMPARE(s.lastMessage, QStringLiteral("Jeu 1\nVous pouvez lancer une nouvelle partie ou charger une partie enregistrée."));
+        QCOMPARE(s.lastMessage,
+                 QStringLiteral("Jeu 1\nVous pouvez lancer une nouvelle partie ou charger une partie enregistrée."));
         QCOMPARE(shown, QStringList({"ma partie", "", "", "", ""}));
         QCOMPARE(gJeu, 1);
         QCOMPARE(gNiveau, 2);

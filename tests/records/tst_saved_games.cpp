@@ -1,6 +1,7 @@
 // Saved games on a real disk: loading, creating under a name, rewriting, and the names and faults
 // that must never cost a saved game.
 #include "disk_full.h"
+#include "file_bytes.h"
 #include "frmFond.h"
 #include "modBase.h"
 #include "saved_game_file.h"
@@ -12,19 +13,6 @@
 #include <QTest>
 
 namespace {
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 const QByteArray kJoueur = "\"JOUEUR\"\r\n7\r\n1234\r\n999\r\n5000\r\n0\r\n0\r\n";
 

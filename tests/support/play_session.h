@@ -56,25 +56,7 @@ struct PlaySession {
 
     // Answers the next message dialog: types into its box if one is given, then clicks the label with
     // that caption. The dialog's message is kept in lastMessage.
-    void answer(const QString &caption, const QString &box = QString())
-    {
-        whenModal([this, caption, box](QWidget *dialog) {
-            auto *mess = qobject_cast<frmMess *>(dialog);
-            QVERIFY(mess);
-            lastMessage = mess->labMess->text();
-            if (!mess->txtReponse->isHidden()) {
-                mess->txtReponse->clear();
-                QTest::keyClicks(mess->txtReponse, box);
-            }
-            for (ClickLabel *label : mess->reponse) {
-                if (!label->isHidden() && label->text() == caption) {
-                    QTest::mouseClick(label, Qt::LeftButton);
-                    return;
-                }
-            }
-            QFAIL(qPrintable(QStringLiteral("no button ") + caption));
-        });
-    }
+    void answer(const QString &caption, const QString &box = QString()) { inTurn({reply(caption, box)}); }
 
     // Answers the next dialogs one after the other, each action for the dialog of its turn: for the
     // questions that one click asks in a row.

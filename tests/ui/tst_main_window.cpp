@@ -6,8 +6,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
-#include <QToolTip>
 #include <QTest>
+#include <QToolTip>
 
 namespace {
 

@@ -30,16 +30,17 @@ private slots:
 
     void oneButtonSitsInTheTopPlace()
     {
-        const QString answer = ask(QStringLiteral("Bravo"), QStringLiteral("Fermer"), {}, {}, false, {}, [](frmMess *m) {
-            QVERIFY(m);
-            QCOMPARE(m->size(), QSize(300, 300));
-            QVERIFY(m->reponse[0]->isVisible());
-            QCOMPARE(m->reponse[0]->geometry(), QRect(100, 189, 180, 27));
-            QVERIFY(!m->reponse[1]->isVisible() && !m->reponse[2]->isVisible());
-            QVERIFY(!m->imgB[1]->isVisible() && !m->imgB[2]->isVisible());
-            QVERIFY(!m->txtReponse->isVisible());
-            QTest::mouseClick(m->reponse[0], Qt::LeftButton);
-        });
+        const QString answer =
+            ask(QStringLiteral("Bravo"), QStringLiteral("Fermer"), {}, {}, false, {}, [](frmMess *m) {
+                QVERIFY(m);
+                QCOMPARE(m->size(), QSize(300, 300));
+                QVERIFY(m->reponse[0]->isVisible());
+                QCOMPARE(m->reponse[0]->geometry(), QRect(100, 189, 180, 27));
+                QVERIFY(!m->reponse[1]->isVisible() && !m->reponse[2]->isVisible());
+                QVERIFY(!m->imgB[1]->isVisible() && !m->imgB[2]->isVisible());
+                QVERIFY(!m->txtReponse->isVisible());
+                QTest::mouseClick(m->reponse[0], Qt::LeftButton);
+            });
         QCOMPARE(answer, QStringLiteral("Fermer"));
         QCOMPARE(fond->tambour.played, QStringList({"marel008.wav", "marel009.wav"}));
     }
@@ -81,27 +82,26 @@ private slots:
 
     void theBoxGivesItsTextWhicheverButtonIsClicked()
     {
-        const QString answer =
-            ask(QStringLiteral("Entrez votre nom de joueur"), QStringLiteral("Valider"), QStringLiteral("Annuler"), {},
-                true, QStringLiteral("ANNE"), [](frmMess *m) {
-                    QVERIFY(m->txtReponse->isVisible());
-                    QCOMPARE(m->txtReponse->text(), QStringLiteral("ANNE"));
-                    m->txtReponse->setFocus();
-                    QTest::keyClick(m->txtReponse, Qt::Key_End);
-                    QTest::keyClicks(m->txtReponse, QStringLiteral(" marie-claire du bois"));
-                    QTest::mouseClick(m->reponse[1], Qt::LeftButton);
-                });
+        const QString answer = ask(QStringLiteral("Entrez votre nom de joueur"), QStringLiteral("Valider"),
+                                   QStringLiteral("Annuler"), {}, true, QStringLiteral("ANNE"), [](frmMess *m) {
+                                       QVERIFY(m->txtReponse->isVisible());
+                                       QCOMPARE(m->txtReponse->text(), QStringLiteral("ANNE"));
+                                       m->txtReponse->setFocus();
+                                       QTest::keyClick(m->txtReponse, Qt::Key_End);
+                                       QTest::keyClicks(m->txtReponse, QStringLiteral(" marie-claire du bois"));
+                                       QTest::mouseClick(m->reponse[1], Qt::LeftButton);
+                                   });
         QCOMPARE(answer, QStringLiteral("ANNE marie-clair")); // the box holds 16 characters at most
         QCOMPARE(answer.size(), 16);
     }
 
     void aClearedBoxAnswersTheEmptyString()
     {
-        const QString answer = ask(QStringLiteral("Nom"), QStringLiteral("Valider"), {}, {}, true,
-                                   QStringLiteral("PAUL"), [](frmMess *m) {
-                                       m->txtReponse->clear();
-                                       QTest::mouseClick(m->reponse[0], Qt::LeftButton);
-                                   });
+        const QString answer =
+            ask(QStringLiteral("Nom"), QStringLiteral("Valider"), {}, {}, true, QStringLiteral("PAUL"), [](frmMess *m) {
+                m->txtReponse->clear();
+                QTest::mouseClick(m->reponse[0], Qt::LeftButton);
+            });
         QVERIFY(answer.isEmpty());
     }
 

@@ -61,8 +61,8 @@ private slots:
 
     void theSixCuesDecode()
     {
-        for (const char *cue : {"marel001.wav", "marel002.wav", "marel007.wav", "marel008.wav", "marel009.wav",
-                                "marel010.wav"}) {
+        for (const char *cue :
+             {"marel001.wav", "marel002.wav", "marel007.wav", "marel008.wav", "marel009.wav", "marel010.wav"}) {
             QSoundEffect effect;
             effect.setSource(QUrl::fromLocalFile(gCheminApp + QLatin1String(cue)));
             QTRY_VERIFY_WITH_TIMEOUT(effect.status() != QSoundEffect::Loading, 5000);
@@ -130,7 +130,8 @@ private slots:
             box->accept();
         });
         OuvreAide();
-        QCOMPARE(text, QStringLiteral("Impossible d'ouvrir :\r\n") + gCheminApp + QStringLiteral("aidemarelle/aide.htm"));
+        QCOMPARE(text,
+                 QStringLiteral("Impossible d'ouvrir :\r\n") + gCheminApp + QStringLiteral("aidemarelle/aide.htm"));
         QCOMPARE(title, QStringLiteral("Marelle"));
         QCOMPARE(icon, QMessageBox::Warning);
         QVERIFY(openedDocuments().isEmpty());

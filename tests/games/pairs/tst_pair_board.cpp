@@ -94,9 +94,8 @@ private slots:
             int selectX, selectY, removeX, removeY;
             const char *block;
         } steps[] = {
-            {5, 3, 3, 3, "3Sad / .3.2 / CT3B"}, {3, 2, 4, 3, ".Qad / ...2 / CQ3B"},
-            {5, 2, 6, 2, ".R.. / ...3 / CQ3B"}, {5, 4, 6, 3, ".R.. / .... / CR.D"},
-            {4, 4, 4, 2, ".... / .... / D..D"}, {3, 4, 6, 4, ".... / .... / ...."},
+            {5, 3, 3, 3, "3Sad / .3.2 / CT3B"}, {3, 2, 4, 3, ".Qad / ...2 / CQ3B"}, {5, 2, 6, 2, ".R.. / ...3 / CQ3B"},
+            {5, 4, 6, 3, ".R.. / .... / CR.D"}, {4, 4, 4, 2, ".... / .... / D..D"}, {3, 4, 6, 4, ".... / .... / ...."},
         };
         for (const auto &step : steps) {
             QVERIFY(!board.Vide3());

@@ -1,9 +1,12 @@
 // Jeu 3 played at the real window with the mouse: the cell under the pointer, each button's path,
-// the cues, the take-back seen step by step, the pause after a won level and the close of a game,
-// with every redraw checked pixel by pixel against a plain model of the drawing.
+// the cues, the take-back seen step by step, the pause after a won level, the best times written
+// after each won level and the close of a game with its save, with every redraw checked pixel by
+// pixel against a plain model of the drawing.
 #include "play_session.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QTest>
 #include <QTimer>
 #include <array>
@@ -44,9 +47,35 @@ Cells levelZero(const char *block)
 }
 
 const char *const kLevel4 = "000000000 000000000 0000c0000 0000a0000 00dd0cd00 0000a0000 0000d0000 000000000 000000000";
-const char *const kLevel35 = "000000000 000443400 040434000 000443400 000000000 000000000 000000000 000000000 000000000";
-const char *const kLevel95 = "33B3A2A30 3421B2AB3 4B43DB1CB 31231A2BD A3DDB2B30 B1AD14300 D2DBA000A BDB23ABDB 000000004";
-const char *const kLevel119 = "QQTQQQTTR RSRSTTQQT STRSQSTSQ TRSTRSTTQ TTSQRSSTR RTSSSTTTT TQTRTQRTR R00000000 000000000";
+const char *const kLevel35 =
+    "000000000 000443400 040434000 000443400 000000000 000000000 000000000 000000000 000000000";
+const char *const kLevel95 =
+    "33B3A2A30 3421B2AB3 4B43DB1CB 31231A2BD A3DDB2B30 B1AD14300 D2DBA000A BDB23ABDB 000000004";
+const char *const kLevel119 =
+    "QQTQQQTTR RSRSTTQQT STRSQSTSQ TRSTRSTTQ TTSQRSSTR RTSSSTTTT TQTRTQRTR R00000000 000000000";
+
+// One line of the best-times file, quotes and line end included: level on 3 digits, seconds on 8,
+// the name filled with spaces to 16.
+template <size_t N>
+QByteArray bestLine(const char (&text)[N])
+{
+    static_assert(N == 32, "a line of the best-times file is 31 bytes");
+    return QByteArray(text, N - 1);
+}
+
+// The whole best-times file: games 1 and 2 untouched, then the three rows of game 3.
+QByteArray bestTimesFile(const QByteArray &row1, const QByteArray &row2, const QByteArray &row3)
+{
+    const QByteArray empty = bestLine("\"00000000000................\"\r\n");
+    return empty + empty + empty + empty + empty + empty + row1 + row2 + row3;
+}
+
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return "(no file " + path.toUtf8() + ")";
+    return file.readAll();
+}
 
 int code(int x, int y) { return y * 9 + x; }
 QPoint centreOf(int x, int y) { return {kCell * x + kCell / 2, kCell * y + kCell / 2}; }
@@ -200,6 +229,57 @@ class TestPairsScreen : public QObject {
         QCOMPARE(played().mid(heard), cues("010x2"));
     }
 
+    // Level 0 played up to its last pair, whose first tile is then at (3, 4) and second at (6, 4).
+    void playLevelZeroUpToItsLastPair()
+    {
+        playPair({5, 3}, "2Sad / C2C2 / BT3B", {3, 3}, "3Sad / .3.2 / CT3B");
+        playPair({3, 2}, "3Tad / .3.2 / CT3B", {4, 3}, ".Qad / ...2 / CQ3B");
+        // The "d" beside the first tile matches it by the value the selection turned it to.
+        playPair({5, 2}, ".Raa / ...2 / CQ3B", {6, 2}, ".R.. / ...3 / CQ3B");
+        playPair({5, 4}, ".R.. / ...3 / CR3C", {6, 3}, ".R.. / .... / CR.D");
+        playPair({4, 4}, ".R.. / .... / DR.D", {4, 2}, ".... / .... / D..D");
+    }
+
+    // The player's data folder, under the session's own XDG_DATA_HOME.
+    QString dataFolder() const { return session.home->path() + QStringLiteral("/cerscore/marel32b/"); }
+    QByteArray bestTimes() const { return contentsOf(dataFolder() + QStringLiteral("mlbestTime.dat")); }
+
+    // What a message dialog showed, and its answer: the text typed into its box, if shown, in place of
+    // what the box held, then a click on the button with the given caption; `then` runs after the
+    // click, to answer the next dialog.
+    struct Dialog {
+        QString message;
+        QStringList buttons;
+        bool box = false;
+        QString boxText;
+        bool answered = false;
+    };
+    static void answerDialog(Dialog *seen, const QString &caption, const QString &typed = QString(),
+                             std::function<void()> then = {})
+    {
+        whenModal([seen, caption, typed, then](QWidget *dialog) {
+            auto *mess = qobject_cast<frmMess *>(dialog);
+            QVERIFY(mess);
+            seen->message = mess->labMess->text();
+            seen->box = !mess->txtReponse->isHidden();
+            seen->boxText = mess->txtReponse->text();
+            for (ClickLabel *label : mess->reponse)
+                if (!label->isHidden()) seen->buttons << label->text();
+            if (seen->box) {
+                mess->txtReponse->clear();
+                QTest::keyClicks(mess->txtReponse, typed);
+            }
+            for (ClickLabel *label : mess->reponse)
+                if (!label->isHidden() && label->text() == caption) {
+                    seen->answered = true;
+                    QTest::mouseClick(label, Qt::LeftButton);
+                    if (then) then();
+                    return;
+                }
+            QFAIL(qPrintable(QStringLiteral("no button ") + caption));
+        });
+    }
+
     // The clicks that a window with its input off refuses: each press and release is turned away.
     void expectRefusedClicks(int clicks)
     {
@@ -213,8 +293,12 @@ private slots:
     void init() { session.start(); }
     void cleanup() { session.fond.reset(); }
 
-    void aWholeGameFromTheStartButtonToTheClosingMessage()
+    void aWholeGameFromTheStartButtonToTheSave()
     {
+        const QByteArray emptyRow = bestLine("\"00000000000................\"\r\n");
+        const QByteArray emptyTable = bestTimesFile(emptyRow, emptyRow, emptyRow);
+        QCOMPARE(bestTimes(), emptyTable);
+
         PlaySession::keepLevels(3, {0, 4});
         session.startGame(3, QStringLiteral("anne"));
         QCOMPARE(gJeu, 3);
@@ -235,12 +319,7 @@ private slots:
         // The clock's ticks come from the test, so that the seconds are known.
         fond().myTimer.setInterval(3'600'000);
 
-        playPair({5, 3}, "2Sad / C2C2 / BT3B", {3, 3}, "3Sad / .3.2 / CT3B");
-        playPair({3, 2}, "3Tad / .3.2 / CT3B", {4, 3}, ".Qad / ...2 / CQ3B");
-        // The "d" beside the first tile matches it by the value the selection turned it to.
-        playPair({5, 2}, ".Raa / ...2 / CQ3B", {6, 2}, ".R.. / ...3 / CQ3B");
-        playPair({5, 4}, ".R.. / ...3 / CR3C", {6, 3}, ".R.. / .... / CR.D");
-        playPair({4, 4}, ".R.. / .... / DR.D", {4, 2}, ".... / .... / D..D");
+        playLevelZeroUpToItsLastPair();
         QCOMPARE(gNiveau, 0);
         QVERIFY(fond().myTimer.isActive());
 
@@ -249,7 +328,8 @@ private slots:
         QCOMPARE(fond().labTemps->text(), QStringLiteral(" 2"));
 
         // The pause after the won level: the empty board shows, the labels keep the level just won
-        // and its seconds, and clicks are lost.
+        // and its seconds, and clicks are lost. Level 0 in 2 seconds scores below the empty rows:
+        // no place in the table, so no cue and no write.
         const QImage background = drawnBoard(fond(), Cells{}, -1);
         const QStringList heardBeforeWin = played();
         Watch pause([this] { return fond().pairs.Vide3() && !fond().isEnabled() && gNiveau == 0; },
@@ -262,6 +342,7 @@ private slots:
                         QCOMPARE(gTempsTotal, 2.0);
                         QCOMPARE(gTempsNiveau, 0.0);
                         QVERIFY(gASauver);
+                        QCOMPARE(bestTimes(), emptyTable);
                         QCOMPARE(screenHolds(Cells{}, -1), QString());
                         QCOMPARE(firstDifference(fond().pctEcran3->image, background), QString());
                         expectRefusedClicks(2);
@@ -285,6 +366,7 @@ private slots:
         QCOMPARE(fond().pairs.iCoup3, -1);
         QCOMPARE(screenHolds(cellsOfRows(kLevel4), -1), QString());
         QCOMPARE(played(), cues("008 009 002 010x12 002"));
+        QCOMPARE(bestTimes(), emptyTable);
 
         fond().myTimer_Timer();
         fond().myTimer_Timer();
@@ -294,17 +376,22 @@ private slots:
         const QPoint solution[4][2] = {{{4, 2}, {5, 4}}, {{2, 4}, {4, 6}}, {{4, 3}, {4, 5}}, {{3, 4}, {6, 4}}};
         for (int pair = 0; pair < 3; ++pair) {
             clickCell(solution[pair][0].x(), solution[pair][0].y());
-            QCOMPARE(screenHolds(cellsOf(fond().pairs), code(solution[pair][0].x(), solution[pair][0].y())),
-                     QString());
+            QCOMPARE(screenHolds(cellsOf(fond().pairs), code(solution[pair][0].x(), solution[pair][0].y())), QString());
             clickCell(solution[pair][1].x(), solution[pair][1].y());
             QCOMPARE(screenHolds(cellsOf(fond().pairs), -1), QString());
             QCOMPARE(fond().pairs.iCoup3, pair);
         }
         clickCell(3, 4);
 
-        // The close: the screen goes first, then the cue, the pause and the message.
-        Watch closing([this] { return gNiveau == 999 && played().last() == QLatin1String("marel001.wav"); },
-                      [this] {
+        // The last level won, level 1 in a total of 5 seconds, takes row 1 of game 3 with its cue;
+        // then the close: the screen goes first, then the cue, the pause and the message.
+        const QByteArray anneAtLevelOne = bestLine("\"00100000005ANNE            \"\r\n");
+        const QByteArray afterFirstGame = bestTimesFile(anneAtLevelOne, emptyRow, emptyRow);
+        const qsizetype heardBeforeLastWin = played().size();
+        Watch closing([&] { return gNiveau == 999 && played().size() == heardBeforeLastWin + 3; },
+                      [&] {
+                          QCOMPARE(played().mid(heardBeforeLastWin), cues("010 001 001"));
+                          QCOMPARE(bestTimes(), afterFirstGame);
                           QVERIFY(!fond().pctEcran3->isVisible());
                           QVERIFY(fond().labNiveau->isVisible());
                           QVERIFY(fond().labTemps->isVisible());
@@ -313,26 +400,31 @@ private slots:
                           QCOMPARE(gTempsTotal, 5.0);
                           QVERIFY(!QApplication::activeModalWidget());
                       });
-        QString message;
-        QStringList buttons;
-        bool box = true;
-        whenModal([&](QWidget *dialog) {
-            auto *mess = qobject_cast<frmMess *>(dialog);
-            QVERIFY(mess);
-            QCOMPARE(gNiveau, 999);
-            message = mess->labMess->text();
-            box = !mess->txtReponse->isHidden();
-            for (ClickLabel *label : mess->reponse)
-                if (!label->isHidden()) buttons << label->text();
-            QTest::mouseClick(mess->reponse[0], Qt::LeftButton);
-        });
+        // The closing message, then the offer to save, answered with a name between spaces.
+        Dialog closingMessage, saveOffer;
+        answerDialog(&closingMessage, QStringLiteral("Fermer"), QString(),
+                     [&] { answerDialog(&saveOffer, QStringLiteral("Valider"), QStringLiteral("  fin  ")); });
         clickCell(6, 4);
         QVERIFY(closing.seen);
-        QCOMPARE(message, QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 2 niveaux du jeu 3"));
-        QCOMPARE(buttons, QStringList{QStringLiteral("Fermer")});
-        QVERIFY(!box);
+        QCOMPARE(closingMessage.message,
+                 QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 2 niveaux du jeu 3"));
+        QCOMPARE(closingMessage.buttons, QStringList{QStringLiteral("Fermer")});
+        QVERIFY(!closingMessage.box);
+        QVERIFY(saveOffer.answered);
+        QCOMPARE(saveOffer.message, QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom."));
+        QCOMPARE(saveOffer.buttons, (QStringList{QStringLiteral("Valider"), QStringLiteral("Annuler")}));
+        QVERIFY(saveOffer.box);
+        QCOMPARE(saveOffer.boxText, QString());
 
-        QCOMPARE(played(), cues("008 009 002 010x12 002 010x8 001 008 009"));
+        // The game is stored under the name without its spaces, as finished (level 999) in 5 seconds;
+        // the table keeps the last level won, never 999.
+        QCOMPARE(QDir(dataFolder()).entryList({QStringLiteral("*.sml")}, QDir::Files),
+                 QStringList{QStringLiteral("fin.sml")});
+        QCOMPARE(contentsOf(dataFolder() + QStringLiteral("fin.sml")),
+                 QByteArray("\"ANNE\"\r\n0\r\n0\r\n0\r\n0\r\n999\r\n5\r\n"));
+        QCOMPARE(bestTimes(), afterFirstGame);
+
+        QCOMPARE(played(), cues("008 009 002 010x12 002 010x8 001 001 008 009 008 009"));
         QCOMPARE(gJeu, 0);
         QCOMPARE(gNiveau, 0);
         QCOMPARE(gNomPartie, QString());
@@ -346,6 +438,39 @@ private slots:
         QVERIFY(fond().isEnabled());
         const QImage shown = fond().grab(QRect(110, 66, 468, 468)).toImage().convertToFormat(QImage::Format_RGB32);
         QCOMPARE(firstDifference(shown, background), QString());
+
+        // A new game of the same player: level 0 won in 1 second is worse than the row's level 1, yet
+        // the row takes it, and with a score below the empty rows' it falls to row 3. The cue still
+        // plays and the file is rewritten; the saved game is left alone.
+        played().clear();
+        Dialog startOffer, playerName;
+        answerDialog(&startOffer, QStringLiteral("Lancer"), QString(),
+                     [&] { answerDialog(&playerName, QStringLiteral("Valider"), QStringLiteral("anne")); });
+        session.clickMenu(2);
+        QCOMPARE(startOffer.buttons,
+                 (QStringList{QStringLiteral("Lancer"), QStringLiteral("Charger"), QStringLiteral("Annuler")}));
+        QVERIFY(playerName.answered);
+        QCOMPARE(playerName.boxText, QStringLiteral("ANNE"));
+        QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
+        QCOMPARE(gJeu, 3);
+        QCOMPARE(gNiveau, 0);
+        QCOMPARE(gNomPartie, QString());
+        QCOMPARE(gTempsTotal, 0.0);
+        QCOMPARE(played(), cues("008 009 008 009 002"));
+        QCOMPARE(bestTimes(), afterFirstGame);
+        fond().myTimer.setInterval(3'600'000);
+
+        played().clear();
+        playLevelZeroUpToItsLastPair();
+        fond().myTimer_Timer();
+        clickCell(3, 4);
+        clickCell(6, 4);
+        QCOMPARE(gNiveau, 1);
+        QCOMPARE(gTempsTotal, 1.0);
+        QCOMPARE(played(), cues("010x12 001 002"));
+        QCOMPARE(bestTimes(), bestTimesFile(emptyRow, emptyRow, bestLine("\"00000000001ANNE            \"\r\n")));
+        QCOMPARE(contentsOf(dataFolder() + QStringLiteral("fin.sml")),
+                 QByteArray("\"ANNE\"\r\n0\r\n0\r\n0\r\n0\r\n999\r\n5\r\n"));
     }
 
     void leftAndMiddleButtonPaths_data()
@@ -492,15 +617,15 @@ private slots:
             QPoint at;
             int x, y;
         };
-        const Probe probes[] = {{{51, 51}, 0, 0},   {{52, 52}, 1, 1},   {{51, 52}, 0, 1},
-                                {{52, 51}, 1, 0},   {{467, 467}, 8, 8}, {{467, 52}, 8, 1},
-                                {{467, 51}, 8, 0},  {{51, 467}, 0, 8},  {{52, 467}, 1, 8},
-                                {{1, 0}, 0, 0},     {{415, 415}, 7, 7}, {{416, 416}, 8, 8}};
+        const Probe probes[] = {{{51, 51}, 0, 0},   {{52, 52}, 1, 1},  {{51, 52}, 0, 1},   {{52, 51}, 1, 0},
+                                {{467, 467}, 8, 8}, {{467, 52}, 8, 1}, {{467, 51}, 8, 0},  {{51, 467}, 0, 8},
+                                {{52, 467}, 1, 8},  {{1, 0}, 0, 0},    {{415, 415}, 7, 7}, {{416, 416}, 8, 8}};
         for (const Probe &probe : probes) {
             played().clear();
             click(Qt::LeftButton, probe.at);
             if (level[probe.x][probe.y] == 0) {
-                QVERIFY2(played().isEmpty(), qPrintable(QStringLiteral("at %1, %2").arg(probe.at.x()).arg(probe.at.y())));
+                QVERIFY2(played().isEmpty(),
+                         qPrintable(QStringLiteral("at %1, %2").arg(probe.at.x()).arg(probe.at.y())));
                 QCOMPARE(fond().pairs.iChoix3, -1);
                 continue;
             }

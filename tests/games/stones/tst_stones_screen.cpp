@@ -1,12 +1,14 @@
 // Jeu 2 played at the real window with the mouse: the set-up of a level, clicks and take-backs, the
-// pause after a won level, the close of the game, and at each step the board, the pixels on the
-// screen, the labels, the clock and the cues heard.
+// pause after a won level, the close of the game with its offer to save, and at each step the board,
+// the pixels on the screen, the labels, the clock, the cues heard and the files left in the data folder.
 #include "level_store.h"
 #include "play_session.h"
 #include "stone_board.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QTimer>
 #include <QWindow>
 #include <functional>
@@ -15,6 +17,47 @@ namespace {
 
 constexpr int kCell = 60;
 const QRect kScreenPlace(104, 30, 480, 540);
+constexpr int kNever = 24 * 3600 * 1000; // a clock interval no test outlasts
+
+// One line of the best-times file, built by hand: level on 3 digits, time on 8, name on 16.
+QByteArray timesLine(int level, int seconds, const QString &name)
+{
+    return '"'
+           + QStringLiteral("%1%2").arg(level, 3, 10, QLatin1Char('0')).arg(seconds, 8, 10, QLatin1Char('0')).toLatin1()
+           + name.leftJustified(16, QLatin1Char(' ')).toLatin1() + "\"\r\n";
+}
+
+const QByteArray kEmptyTimesLine = "\"00000000000................\"\r\n";
+
+// The whole best-times file when games 1 and 3 hold empty rows and game 2 the rows given.
+QByteArray timesFile(const QByteArrayList &gameTwo)
+{
+    Q_ASSERT(gameTwo.size() == 3);
+    return kEmptyTimesLine.repeated(3) + gameTwo.join() + kEmptyTimesLine.repeated(3);
+}
+
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+}
+
+QStringList filesIn(const QString &folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System, QDir::Name);
+}
+
+// A saved game holding only game 2, as the close of a finished game writes it.
+QByteArray savedGameTwo(const QString &player, int seconds)
+{
+    return '"' + player.toLatin1() + "\"\r\n0\r\n0\r\n999\r\n" + QByteArray::number(seconds) + "\r\n0\r\n0\r\n";
+}
+
+// A reply to one message dialog: the text typed into its box when it shows one, and the button clicked.
+struct Reply {
+    QString caption;
+    QString box = {};
+};
 
 QPoint centreOf(int x, int y) { return {kCell * x + kCell / 2, kCell * y + kCell / 2}; }
 
@@ -40,7 +83,9 @@ QString rows(const StoneBoard &board)
         QString row;
         for (int x = 0; x < 9; ++x) {
             const int16_t cell = board.tabPions2[x][y];
-            row += cell == StoneBoard::kVrai ? QLatin1Char('1') : cell == StoneBoard::kFaux ? QLatin1Char('0') : QLatin1Char('?');
+            row += cell == StoneBoard::kVrai   ? QLatin1Char('1')
+                   : cell == StoneBoard::kFaux ? QLatin1Char('0')
+                                               : QLatin1Char('?');
         }
         out << row;
     }
@@ -149,6 +194,34 @@ class TestStonesScreen : public QObject {
 
     QStringList &cues() { return fond->tambour.played; }
 
+    // The message of each dialog answered by answerInTurn, with "[box]" on a line of its own when its
+    // text box was shown.
+    QStringList asked;
+
+    // Answers the coming message dialogs in turn, one reply each.
+    void answerInTurn(const QList<Reply> &replies)
+    {
+        QList<PlaySession::Action> actions;
+        for (const Reply &r : replies) {
+            actions << [this, answer = session.reply(r.caption, r.box)](QWidget *dialog) {
+                if (auto *mess = qobject_cast<frmMess *>(dialog))
+                    asked << mess->labMess->text()
+                                 + (mess->txtReponse->isHidden() ? QString() : QStringLiteral("\n[box]"));
+                answer(dialog);
+            };
+        }
+        session.inTurn(actions);
+    }
+
+    // The data folder of this session, as the program must have made it.
+    QString dataFolder() const { return session.home->path() + QStringLiteral("/cerscore/marel32b/"); }
+    QByteArray timesOnDisk() const { return contentsOf(dataFolder() + QStringLiteral("mlbestTime.dat")); }
+
+    void tick(int seconds)
+    {
+        for (int i = 0; i < seconds; ++i) fond->myTimer_Timer();
+    }
+
     void press(Qt::MouseButton button, QPoint at) { PlaySession::press(fond->pctEcran2, button, at); }
     void click(int x, int y) { press(Qt::LeftButton, centreOf(x, y)); }
     // A press given to the window at a point of the screen, for the window to find the screen under
@@ -218,6 +291,9 @@ private slots:
     {
         session.start();
         fond = session.fond.get();
+        asked.clear();
+        // The seconds of play come from tick(), except in the one test of the clock itself.
+        if (qstrcmp(QTest::currentTestFunction(), "clockCountsRealSeconds") != 0) fond->myTimer.setInterval(kNever);
     }
 
     void cleanup()
@@ -226,8 +302,34 @@ private slots:
         fond = nullptr;
     }
 
+    void wholeGameOfTwoLevelsFromTheStartButtonBackToIdle_data()
+    {
+        QTest::addColumn<int>("levelZeroSeconds");
+        QTest::addColumn<int>("levelOneSeconds");
+        QTest::addColumn<QByteArrayList>("rowsAfterLevelZero");
+        QTest::addColumn<QByteArrayList>("rowsAfterLevelOne");
+
+        // Level 0 in no time scores exactly as an empty row, and a new player goes above its equals.
+        QTest::newRow("level 0 in 0 s takes row 1")
+            << 0 << 2 << QByteArrayList{timesLine(0, 0, QStringLiteral("ANNE")), kEmptyTimesLine, kEmptyTimesLine}
+            << QByteArrayList{timesLine(1, 2, QStringLiteral("ANNE")), kEmptyTimesLine, kEmptyTimesLine};
+        // One second more and level 0 scores below the empty rows; level 1 beats them all.
+        QTest::newRow("level 0 in 1 s stays out")
+            << 1 << 2 << QByteArrayList{kEmptyTimesLine, kEmptyTimesLine, kEmptyTimesLine}
+            << QByteArrayList{timesLine(1, 3, QStringLiteral("ANNE")), kEmptyTimesLine, kEmptyTimesLine};
+    }
+
     void wholeGameOfTwoLevelsFromTheStartButtonBackToIdle()
     {
+        QFETCH(int, levelZeroSeconds);
+        QFETCH(int, levelOneSeconds);
+        QFETCH(QByteArrayList, rowsAfterLevelZero);
+        QFETCH(QByteArrayList, rowsAfterLevelOne);
+        const QByteArray emptyTimes = kEmptyTimesLine.repeated(9);
+        QCOMPARE(emptyTimes.size(), 279);
+        QCOMPARE(filesIn(dataFolder()), QStringList{QStringLiteral("mlbestTime.dat")});
+        QCOMPARE(timesOnDisk(), emptyTimes);
+
         PlaySession::keepLevels(2, {0, 1});
         session.startGame(2, QStringLiteral("anne"));
 
@@ -247,43 +349,126 @@ private slots:
         VERIFY_SCREEN(levelBoard(0));
 
         // The clock ticks, but its seconds join the total only when the level is won.
-        QTRY_COMPARE_WITH_TIMEOUT(fond->labTemps->text(), QStringLiteral(" 1"), 3000);
+        tick(levelZeroSeconds);
+        if (levelZeroSeconds > 0) QCOMPARE(fond->labTemps->text(), QStringLiteral(" %1").arg(levelZeroSeconds));
+        QCOMPARE(gTempsNiveau, double(levelZeroSeconds));
         QCOMPARE(gTempsTotal, 0.0);
 
         click(3, 4);
         QCOMPARE(gNiveau, 0);
         VERIFY_SCREEN(withClicks(levelBoard(0), {{3, 4}}));
+        QCOMPARE(timesOnDisk(), emptyTimes);
         click(4, 4);
 
         // Level 1 is up; the clock label still shows the seconds of level 0, which are now the total.
         QCOMPARE(gJeu, 2);
         QCOMPARE(gNiveau, 1);
         QCOMPARE(fond->labNiveau->text(), QStringLiteral("001"));
-        QVERIFY(gTempsTotal >= 1.0);
-        QCOMPARE(fond->labTemps->text(), QStringLiteral(" %1").arg(gTempsTotal));
+        QCOMPARE(gTempsTotal, double(levelZeroSeconds));
+        if (levelZeroSeconds > 0) QCOMPARE(fond->labTemps->text(), QStringLiteral(" %1").arg(levelZeroSeconds));
         QCOMPARE(gTempsNiveau, 0.0);
         QVERIFY(fond->myTimer.isActive());
         QVERIFY(fond->isEnabled());
         QCOMPARE(rows(fond->stones), rows(levelBoard(1)));
         QCOMPARE(fond->stones.iCoup2, -1);
         VERIFY_SCREEN(levelBoard(1));
+        QCOMPARE(timesOnDisk(), timesFile(rowsAfterLevelZero));
 
+        tick(levelOneSeconds);
         click(4, 3);
         VERIFY_SCREEN(withClicks(levelBoard(1), {{4, 3}}));
-        const double totalBefore = gTempsTotal;
-        const double levelOneSeconds = gTempsNiveau;
-        session.answer(QStringLiteral("Fermer"));
+        const QString gameName = QStringLiteral("Anne du lundi");
+        answerInTurn({{QStringLiteral("Fermer")}, {QStringLiteral("Valider"), gameName}});
         click(3, 4);
 
-        QCOMPARE(session.lastMessage, QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 2 niveaux du jeu 2"));
-        QCOMPARE(gTempsTotal, totalBefore + levelOneSeconds);
-        QCOMPARE(cues(), (QStringList{QStringLiteral("marel008.wav"), QStringLiteral("marel009.wav"),
-                                      QStringLiteral("marel002.wav"), QStringLiteral("marel010.wav"),
-                                      QStringLiteral("marel010.wav"), QStringLiteral("marel002.wav"),
-                                      QStringLiteral("marel010.wav"), QStringLiteral("marel010.wav"),
-                                      QStringLiteral("marel001.wav"), QStringLiteral("marel008.wav"),
-                                      QStringLiteral("marel009.wav")}));
+        const int total = levelZeroSeconds + levelOneSeconds;
+        QCOMPARE(asked,
+                 (QStringList{QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 2 niveaux du jeu 2"),
+                              QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom.\n[box]")}));
+        QCOMPARE(gTempsTotal, double(total));
+        // Finished in full, the game stands in the table at its last level, and is saved as done.
+        QCOMPARE(timesOnDisk(), timesFile(rowsAfterLevelOne));
+        QCOMPARE(filesIn(dataFolder()),
+                 (QStringList{gameName + QStringLiteral(".sml"), QStringLiteral("mlbestTime.dat")}));
+        QCOMPARE(contentsOf(dataFolder() + gameName + QStringLiteral(".sml")),
+                 savedGameTwo(QStringLiteral("ANNE"), total));
+        QCOMPARE(gNomPartie, QString());
+
+        const QString flip = QStringLiteral("marel010.wav");
+        const QString level = QStringLiteral("marel002.wav");
+        const QString placed = QStringLiteral("marel001.wav");
+        const QString opened = QStringLiteral("marel008.wav");
+        const QString answered = QStringLiteral("marel009.wav");
+        QStringList heard{opened, answered, level, flip, flip};
+        if (rowsAfterLevelZero.first() != kEmptyTimesLine) heard << placed;
+        heard << level << flip << flip << placed;
+        heard << placed << opened << answered; // the close: its own cue, then the congratulations
+        heard << opened << answered;           // the offer to save
+        QCOMPARE(cues(), heard);
         verifyIdle();
+    }
+
+    // The close of a one-level game, its offer to save answered with a name the program must refuse,
+    // then with a good one: only the second name gets a file, and nothing else is touched.
+    void refusedGameNameIsAskedAgain_data()
+    {
+        QTest::addColumn<QString>("refused");
+        QTest::addColumn<QString>("secondButton");
+
+        QTest::newRow("a folder in the name") << QStringLiteral("a/b") << QStringLiteral("Valider");
+        QTest::newRow("a way out of the folder") << QStringLiteral("../ANNE") << QStringLiteral("Valider");
+        // With the box shown, the name counts whichever button takes it.
+        QTest::newRow("a name taken") << QStringLiteral("Lundi") << QStringLiteral("Annuler");
+    }
+
+    void refusedGameNameIsAskedAgain()
+    {
+        QFETCH(QString, refused);
+        QFETCH(QString, secondButton);
+        PlaySession::keepLevels(2, {1});
+        startStones();
+        if (QTest::currentTestFailed()) return;
+        const QByteArray taken = "\"PAUL\"\r\n3\r\n40\r\n5\r\n60\r\n0\r\n0\r\n";
+        QFile lundi(dataFolder() + QStringLiteral("Lundi.sml"));
+        QVERIFY(lundi.open(QIODevice::WriteOnly));
+        QCOMPARE(lundi.write(taken), taken.size());
+        lundi.close();
+
+        tick(5);
+        click(4, 3);
+        answerInTurn({{QStringLiteral("Fermer")},
+                      {QStringLiteral("Valider"), refused},
+                      {secondButton, QStringLiteral("mardi")}});
+        click(3, 4);
+
+        QCOMPARE(asked,
+                 (QStringList{
+                     QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 1 niveaux du jeu 2"),
+                     QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom.\n[box]"),
+                     QStringLiteral("Ce nom existe déjà ou ne convient pas.\nDonnez un nom à votre partie.\n[box]")}));
+        QCOMPARE(filesIn(dataFolder()), (QStringList{QStringLiteral("Lundi.sml"), QStringLiteral("mardi.sml"),
+                                                     QStringLiteral("mlbestTime.dat")}));
+        QCOMPARE(contentsOf(dataFolder() + QStringLiteral("mardi.sml")), savedGameTwo(QStringLiteral("ANNE"), 5));
+        QCOMPARE(contentsOf(dataFolder() + QStringLiteral("Lundi.sml")), taken);
+        QCOMPARE(filesIn(session.home->path()), QStringList{QStringLiteral("cerscore")});
+        QCOMPARE(filesIn(session.home->path() + QStringLiteral("/cerscore")), QStringList{QStringLiteral("marel32b")});
+        verifyIdle();
+    }
+
+    // The one test that waits for the real clock.
+    void clockCountsRealSeconds()
+    {
+        PlaySession::keepLevels(2, {0, 1});
+        QElapsedTimer clock;
+        clock.start();
+        startStones();
+        if (QTest::currentTestFailed()) return;
+        QCOMPARE(fond->labTemps->text(), QString());
+        QTRY_COMPARE_WITH_TIMEOUT(fond->labTemps->text(), QStringLiteral(" 1"), 3000);
+        QVERIFY(clock.elapsed() >= 900);
+        QCOMPARE(gTempsNiveau, 1.0);
+        QCOMPARE(gTempsTotal, 0.0);
+        QCOMPARE(cues(), QStringList());
     }
 
     void clicksFindTheirCellUpToTheEdges()
@@ -301,8 +486,7 @@ private slots:
             {{479, 539}, Qt::LeftButton, {7, 8}}, // the last pixel: nothing flips past the edges
             {{0, 0}, Qt::LeftButton, {0, 0}},     // an empty corner takes stones like any cell
             {{59, 59}, Qt::LeftButton, {0, 0}},   // the same cell again: they go
-            {{60, 60}, Qt::LeftButton, {1, 1}},
-            {{330, 270}, Qt::MiddleButton, {5, 4}},
+            {{60, 60}, Qt::LeftButton, {1, 1}},   {{330, 270}, Qt::MiddleButton, {5, 4}},
             {{479, 0}, Qt::MiddleButton, {7, 0}},
         };
         StoneBoard expected = levelBoard(0);
@@ -456,13 +640,17 @@ private slots:
         click(4, 3);
 
         Moment closing;
-        Probe inPause([this] { return gNiveau == 999 && !cues().isEmpty() && cues().constLast() == QLatin1String("marel001.wav"); },
-                      [&] { closing = now(); });
+        Probe inPause(
+            [this] {
+                return gNiveau == 999 && !cues().isEmpty() && cues().constLast() == QLatin1String("marel001.wav");
+            },
+            [&] { closing = now(); });
         QElapsedTimer clock;
         qint64 dialogAt = -1;
         Probe dialog([] { return QApplication::activeModalWidget() != nullptr; },
                      [&] { dialogAt = clock.nsecsElapsed(); });
-        session.answer(QStringLiteral("Fermer"));
+        // An empty box declines the offer to save.
+        answerInTurn({{QStringLiteral("Fermer")}, {QStringLiteral("Valider"), QString()}});
         clock.start();
         click(3, 4);
 
@@ -479,8 +667,12 @@ private slots:
         QVERIFY(dialog.fired);
         QVERIFY(dialogAt > qint64(3.0 * pauseScale() * 1e9));
 
-        QCOMPARE(session.lastMessage, QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 1 niveaux du jeu 2"));
+        QCOMPARE(asked,
+                 (QStringList{QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 1 niveaux du jeu 2"),
+                              QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom.\n[box]")}));
         QCOMPARE(gTempsTotal, 1.0);
+        QCOMPARE(filesIn(dataFolder()), QStringList{QStringLiteral("mlbestTime.dat")});
+        QCOMPARE(timesOnDisk(), kEmptyTimesLine.repeated(9));
         verifyIdle();
     }
 };

@@ -24,15 +24,9 @@ int32_t below(std::mt19937 &rng, int32_t n)
     return static_cast<int32_t>((static_cast<uint64_t>(rng()) * static_cast<uint64_t>(n)) >> 32);
 }
 
-void place(TileBoard &board, int32_t code)
-{
-    board.Pose1(code % TileBoard::kColonnes, code / TileBoard::kColonnes);
-}
+void place(TileBoard &board, int32_t code) { board.Pose1(code % TileBoard::kColonnes, code / TileBoard::kColonnes); }
 
-int32_t at(const TileBoard &board, int32_t x, int32_t y)
-{
-    return board.tabJeu1[x][y];
-}
+int32_t at(const TileBoard &board, int32_t x, int32_t y) { return board.tabJeu1[x][y]; }
 
 // Names the first place where two boards differ, unused column and row included.
 std::string firstDifference(const TileBoard &a, const TileBoard &b)
@@ -64,9 +58,11 @@ std::string brokenInvariant(const TileBoard &board)
     for (int32_t code = 0; code < kCellsOnBoard; ++code) {
         const int32_t x = code % TileBoard::kColonnes, y = code / TileBoard::kColonnes;
         const int32_t v = board.tabJeu1[x][y];
-        if ((v == TileBoard::kHorsJeu) != (board.tabCible1[x][y] == 0)) return "cell kind changed at " + std::to_string(code);
+        if ((v == TileBoard::kHorsJeu) != (board.tabCible1[x][y] == 0))
+            return "cell kind changed at " + std::to_string(code);
         if ((v >= 1 && v <= 4) != named[code]) return "placed tiles and history disagree at " + std::to_string(code);
-        if (v != TileBoard::kSocle && v != TileBoard::kHorsJeu && (v < 1 || v > 4)) return "value out of range at " + std::to_string(code);
+        if (v != TileBoard::kSocle && v != TileBoard::kHorsJeu && (v < 1 || v > 4))
+            return "value out of range at " + std::to_string(code);
     }
     return {};
 }
@@ -212,7 +208,8 @@ private slots:
                 for (int32_t i = length - 1; i >= 0; --i) {
                     board.Annule1();
                     const std::string diff = firstDifference(board, before[i]);
-                    QVERIFY2(diff.empty(), qPrintable(QStringLiteral("level %1, take-back %2: %3").arg(n).arg(i).arg(diff.c_str())));
+                    QVERIFY2(diff.empty(),
+                             qPrintable(QStringLiteral("level %1, take-back %2: %3").arg(n).arg(i).arg(diff.c_str())));
                 }
             }
         }

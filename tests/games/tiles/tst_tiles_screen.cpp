@@ -1,11 +1,17 @@
 // Jeu 1 played at the real window with the mouse: a whole game from the start button to the closing
-// message, the way clicks map to cells, take-backs, the pause after a won level and the clock.
+// message and the save, the way clicks map to cells, take-backs, the pause after a won level, the
+// clock, and the best-times file as each won level leaves it.
 // After every redraw the screen is checked cell by cell against the model, pixel for pixel.
+// The clock never ticks on its own here: the tests count the seconds themselves.
 #include "play_session.h"
 
+#include <QDir>
+#include <QFile>
+#include <QPointer>
 #include <QTimer>
 #include <algorithm>
 #include <functional>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -36,6 +42,43 @@ QPoint upperPoint(Cell c) { return {kCell * c.x + kCell / 2, kCell * c.y + kCell
 QPoint lowerPoint(Cell c) { return {kCell * c.x + kCell / 2, kLowerTop + kCell * c.y + kCell / 2}; }
 
 QStringList times(int n, const QString &cue) { return QStringList(n, cue); }
+
+// One line of the best-times file: the quoted level on 3 digits, time on 8, name filled to 16 with spaces.
+QByteArray bestLine(int niveau, int temps, const QByteArray &nom)
+{
+    return '"' + QByteArray::number(niveau).rightJustified(3, '0') + QByteArray::number(temps).rightJustified(8, '0')
+           + nom.leftJustified(16, ' ') + "\"\r\n";
+}
+
+const QByteArray kEmptyLine = "\"00000000000................\"\r\n";
+
+// The whole file: the given first rows of game 1, then empty rows up to nine lines.
+QByteArray bestFile(const QByteArray &game1 = QByteArray())
+{
+    QByteArray bytes = game1;
+    while (bytes.size() < 9 * 31) bytes += kEmptyLine;
+    return bytes;
+}
+
+// The bytes of a file, or "(none)" when there is no such file.
+QByteArray fileBytes(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return "(none)";
+    return file.readAll();
+}
+
+bool showsWonArt(const frmFond &fond)
+{
+    const QImage &sheet = fond.pctPion1->image;
+    const QImage &shown = fond.pctEcran1->image;
+    for (int y = 0; y < 5; ++y)
+        for (int x = 0; x < 8; ++x)
+            if (fond.tiles.tabCible1[x][y] > 0
+                && shown.copy(kCell * x, kCell * y, kCell, kCell) != sheet.copy(kSheetWon * kCell, 0, kCell, kCell))
+                return false;
+    return true;
+}
 
 bool sameTiles(const TileBoard &a, const TileBoard &b)
 {
@@ -83,7 +126,9 @@ QString screenMismatch(const frmFond &fond, Upper upper)
                     .arg(y)
                     .arg(x / kCell)
                     .arg(y < kLowerTop ? y / kCell : (y - kLowerTop) / kCell)
-                    .arg(y < 270 ? QStringLiteral("upper") : y < kLowerTop ? QStringLiteral("gap") : QStringLiteral("lower"));
+                    .arg(y < 270         ? QStringLiteral("upper")
+                         : y < kLowerTop ? QStringLiteral("gap")
+                                         : QStringLiteral("lower"));
     return {};
 }
 
@@ -123,25 +168,72 @@ struct PauseView {
     QString screen;
     QString shown;
     bool clickLost = false;
+    QByteArray bestFile; // the best-times file as the pause finds it
 };
 
-// Answers the next dialog by clicking the label with that caption, after noting the window behind it.
-void answerAfter(const QString &caption, QString *message, std::function<void()> note)
-{
-    whenModal([caption, message, note](QWidget *dialog) {
-        auto *mess = qobject_cast<frmMess *>(dialog);
-        QVERIFY(mess);
-        note();
-        *message = mess->labMess->text();
+// A message dialog as it came up.
+struct Asked {
+    QString message;     // line breaks as the label shows them
+    QStringList buttons; // the captions shown, in order
+    bool box = false;
+    QString boxText;
+};
+
+// Answers the message dialogs of a close, in turn, for as long as it lives: for each, the next step
+// notes the window, types into the box if it is shown and clicks the caption. A dialog beyond the
+// steps is noted too and closed by its first button, so that an extra question fails the test
+// instead of hanging it.
+class Answers {
+public:
+    struct Step {
+        QString caption;
+        QString typed;
+        std::function<void()> note = [] {};
+    };
+
+    explicit Answers(std::vector<Step> steps) : mSteps(std::move(steps))
+    {
+        mPoll.setInterval(10);
+        QObject::connect(&mPoll, &QTimer::timeout, [this] { answerShown(); });
+        mPoll.start();
+    }
+
+    std::vector<Asked> asked;
+
+private:
+    void answerShown()
+    {
+        auto *mess = qobject_cast<frmMess *>(QApplication::activeModalWidget());
+        if (!mess || !mess->isVisible() || mess == mLast) return;
+        mLast = mess;
+        Asked seen{mess->labMess->text(), {}, !mess->txtReponse->isHidden(), mess->txtReponse->text()};
+        for (ClickLabel *label : mess->reponse)
+            if (!label->isHidden()) seen.buttons << label->text();
+        asked.push_back(seen);
+        if (seen.buttons.isEmpty()) return;
+        const size_t index = asked.size() - 1;
+        QString caption = seen.buttons.first();
+        if (index < mSteps.size()) {
+            mSteps[index].note();
+            caption = mSteps[index].caption;
+            if (seen.box) {
+                mess->txtReponse->clear();
+                QTest::keyClicks(mess->txtReponse, mSteps[index].typed);
+            }
+        }
         for (ClickLabel *label : mess->reponse) {
             if (!label->isHidden() && label->text() == caption) {
                 QTest::mouseClick(label, Qt::LeftButton);
                 return;
             }
         }
-        QFAIL(qPrintable(QStringLiteral("no button ") + caption));
-    });
-}
+        QTest::mouseClick(mess->reponse[0], Qt::LeftButton);
+    }
+
+    std::vector<Step> mSteps;
+    QTimer mPoll;
+    QPointer<frmMess> mLast;
+};
 
 } // namespace
 
@@ -152,6 +244,11 @@ class TestTilesScreen : public QObject {
 
     frmFond &fond() { return *session.fond; }
     QStringList &cues() { return session.fond->tambour.played; }
+
+    // The data folder the program must use, under the session's own user data folder.
+    QString dataFolder() const { return session.home->path() + QStringLiteral("/cerscore/marel32b/"); }
+    QByteArray bestBytes() const { return fileBytes(dataFolder() + QStringLiteral("mlbestTime.dat")); }
+    QStringList savedGames() const { return QDir(dataFolder()).entryList({QStringLiteral("*.sml")}, QDir::Files); }
 
     void click(Qt::MouseButton button, QPoint at) { PlaySession::press(fond().pctEcran1, button, at); }
 
@@ -202,7 +299,9 @@ class TestTilesScreen : public QObject {
         poll.setInterval(1);
         connect(&poll, &QTimer::timeout, this, [&] {
             frmFond &f = fond();
-            if (view.seen || f.isEnabled() || gNiveau != won || !f.tiles.Complet1()) return;
+            // Events are also handled before the won art is drawn, while the cue of a place in the
+            // best times is started: the pause is from that art on.
+            if (view.seen || f.isEnabled() || gNiveau != won || !f.tiles.Complet1() || !showsWonArt(f)) return;
             view.seen = true;
             poll.stop();
             view.inputOff = !f.isEnabled();
@@ -215,6 +314,7 @@ class TestTilesScreen : public QObject {
             view.tempsNiveau = gTempsNiveau;
             view.screen = screenMismatch(f, Upper::Won);
             view.shown = shownMismatch(f);
+            view.bestFile = bestBytes();
 
             const QStringList cuesBefore = f.tambour.played;
             const TileBoard tiles = f.tiles;
@@ -267,11 +367,22 @@ class TestTilesScreen : public QObject {
     }
 
 private slots:
-    void init() { session.start(); }
+    void init()
+    {
+        session.start();
+        fond().myTimer.setInterval(std::numeric_limits<int>::max());
+    }
     void cleanup() { session.fond.reset(); }
 
+    // Levels 0 and 1 of the shipped store, the first won within its first second, the second after one
+    // tick: each win takes ANNE to the top of the best times, with the cue and the file rewritten, and
+    // the close saves the game under the name typed.
     void aWholeGameOfTwoLevelsFromTheStartButtonToTheClose()
     {
+        QCOMPARE(gCheminData, dataFolder());
+        QCOMPARE(bestBytes(), bestFile());
+        QCOMPARE(bestBytes().size(), 279);
+
         PlaySession::keepLevels(1, {0, 1});
         session.startGame(1, QStringLiteral("  anne  "));
 
@@ -291,15 +402,19 @@ private slots:
         QVERIFY(!fond().pctEcran2->isVisible());
         QVERIFY(!fond().pctEcran3->isVisible());
         QVERIFY(fond().myTimer.isActive());
+        QCOMPARE(fond().myTimer.interval(), std::numeric_limits<int>::max());
         QVERIFY(fond().isEnabled());
         QVERIFY(idleMenuArt(fond(), false));
         QCOMPARE(cues(), (QStringList{k008, k009, k002}));
         checkScreen();
 
+        // Level 0 in no time ties with the empty rows and takes the first.
         for (size_t i = 0; i + 1 < kLevel0.size(); ++i) place(kLevel0[i]);
         const PauseView pause = winWatchingThePause(kLevel0.back());
         checkPause(pause, 0, QStringLiteral("000"), QString());
         QCOMPARE(pause.total, 0.0);
+        const QByteArray afterLevel0 = bestFile(bestLine(0, 0, "ANNE"));
+        QCOMPARE(pause.bestFile, afterLevel0);
 
         // The next level is up: fresh sockets, its own number, the clock running again.
         QCOMPARE(gJeu, 1);
@@ -313,42 +428,72 @@ private slots:
         QVERIFY(gASauver);
         QCOMPARE(gTempsNiveau, 0.0);
         QCOMPARE(gTempsTotal, 0.0);
-        QCOMPARE(cues(), (QStringList{k008, k009, k002} + times(5, k010) + QStringList{k002}));
+        const QStringList level0 = QStringList{k008, k009, k002} + times(5, k010) + QStringList{k001, k002};
+        QCOMPARE(cues(), level0);
         checkScreen();
+        QCOMPARE(bestBytes(), afterLevel0);
 
-        for (size_t i = 0; i + 1 < kLevel1.size(); ++i) place(kLevel1[i]);
+        for (size_t i = 0; i + 1 < kLevel1.size(); ++i) {
+            place(kLevel1[i]);
+            if (i == 3) fond().myTimer_Timer();
+        }
+        QCOMPARE(fond().labTemps->text(), QStringLiteral(" 1"));
 
-        // The last level won: the screen goes, then the closing message, then back to idle.
+        // The last level won: the screen goes, the row is ANNE's latest, then the closing message, the
+        // request for a name, and back to idle.
         bool screenHidden = false;
         int32_t niveauAtMessage = -1;
         int32_t jeuAtMessage = -1;
         bool inputOffAtMessage = false;
         QStringList cuesAtMessage;
-        QString message;
-        answerAfter(QStringLiteral("Fermer"), &message, [&] {
-            screenHidden = !fond().pctEcran1->isVisible();
-            niveauAtMessage = gNiveau;
-            jeuAtMessage = gJeu;
-            inputOffAtMessage = !fond().isEnabled();
-            cuesAtMessage = cues();
-        });
+        QByteArray bestAtMessage;
+        QStringList savedBeforeName;
+        Answers answers(
+            {{QStringLiteral("Fermer"), QString(),
+              [&] {
+                  screenHidden = !fond().pctEcran1->isVisible();
+                  niveauAtMessage = gNiveau;
+                  jeuAtMessage = gJeu;
+                  inputOffAtMessage = !fond().isEnabled();
+                  cuesAtMessage = cues();
+                  bestAtMessage = bestBytes();
+              }},
+             {QStringLiteral("Valider"), QStringLiteral("ma partie"), [&] { savedBeforeName = savedGames(); }}});
         click(Qt::LeftButton, lowerPoint(kLevel1.back()));
 
         QVERIFY(screenHidden);
         QCOMPARE(niveauAtMessage, 999);
         QCOMPARE(jeuAtMessage, 1);
         QVERIFY(inputOffAtMessage);
-        const QStringList whole = QStringList{k008, k009, k002} + times(5, k010) + QStringList{k002} + times(9, k010)
-                                  + QStringList{k001, k008};
+        const QStringList whole = level0 + times(9, k010) + QStringList{k001, k001, k008};
         QCOMPARE(cuesAtMessage, whole);
-        QCOMPARE(message, QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 2 niveaux du jeu 1"));
-        QCOMPARE(cues(), whole + QStringList{k009});
+        const QByteArray afterLevel1 = bestFile(bestLine(1, 1, "ANNE"));
+        QCOMPARE(bestAtMessage, afterLevel1);
+
+        QCOMPARE(answers.asked.size(), size_t(2));
+        QCOMPARE(answers.asked[0].message,
+                 QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 2 niveaux du jeu 1"));
+        QCOMPARE(answers.asked[0].buttons, (QStringList{QStringLiteral("Fermer")}));
+        QVERIFY(!answers.asked[0].box);
+        QCOMPARE(answers.asked[1].message, QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom."));
+        QCOMPARE(answers.asked[1].buttons, (QStringList{QStringLiteral("Valider"), QStringLiteral("Annuler")}));
+        QVERIFY(answers.asked[1].box);
+        QCOMPARE(answers.asked[1].boxText, QString());
+        QCOMPARE(savedBeforeName, QStringList());
+
+        QCOMPARE(savedGames(), (QStringList{QStringLiteral("ma partie.sml")}));
+        QCOMPARE(fileBytes(dataFolder() + QStringLiteral("ma partie.sml")),
+                 QByteArray("\"ANNE\"\r\n999\r\n1\r\n0\r\n0\r\n0\r\n0\r\n"));
+        QCOMPARE(bestBytes(), afterLevel1);
+        QCOMPARE(cues(), (whole + QStringList{k009, k008, k009}));
         checkIdle();
-        QCOMPARE(gTempsTotal, 0.0);
+        QCOMPARE(gTempsTotal, 1.0);
     }
 
     // Levels 1 then 0 of the shipped store: seconds counted on the first level join the total when it
     // is won and stay on the label through the pause; the second, won within its first second, adds 0.
+    // Level 0 in 2 seconds scores below the empty rows and stays out of the best times, with neither cue
+    // nor write; level 1 gets ZOE in. At the close the player leaves the box blank and nothing is saved.
     void theClockAcrossAWonLevelAndThePause()
     {
         PlaySession::keepLevels(1, {1, 0});
@@ -365,6 +510,7 @@ private slots:
         const PauseView pause = winWatchingThePause(kLevel1.back());
         checkPause(pause, 0, QStringLiteral("000"), QStringLiteral(" 2"));
         QCOMPARE(pause.total, 2.0);
+        QCOMPARE(pause.bestFile, bestFile());
 
         QCOMPARE(gNiveau, 1);
         QCOMPARE(fond().labNiveau->text(), QStringLiteral("001"));
@@ -372,13 +518,25 @@ private slots:
         QCOMPARE(gTempsNiveau, 0.0);
         QCOMPARE(gTempsTotal, 2.0);
         QVERIFY(fond().myTimer.isActive());
+        const QStringList level0 = QStringList{k008, k009, k002} + times(9, k010) + QStringList{k002};
+        QCOMPARE(cues(), level0);
+        QCOMPARE(bestBytes(), bestFile());
         checkScreen();
 
         for (size_t i = 0; i + 1 < kLevel0.size(); ++i) place(kLevel0[i]);
-        QString message;
-        answerAfter(QStringLiteral("Fermer"), &message, [] {});
+        QByteArray bestAtMessage;
+        Answers answers({{QStringLiteral("Fermer"), QString(), [&] { bestAtMessage = bestBytes(); }},
+                         {QStringLiteral("Valider"), QStringLiteral("   ")}});
         click(Qt::LeftButton, lowerPoint(kLevel0.back()));
-        QCOMPARE(message, QStringLiteral("Félicitations ZOE\nVous venez de terminer\nles 2 niveaux du jeu 1"));
+        QCOMPARE(answers.asked.size(), size_t(2));
+        QCOMPARE(answers.asked[0].message,
+                 QStringLiteral("Félicitations ZOE\nVous venez de terminer\nles 2 niveaux du jeu 1"));
+        QCOMPARE(answers.asked[1].message, QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom."));
+        QVERIFY(answers.asked[1].box);
+        QCOMPARE(bestAtMessage, bestFile(bestLine(1, 2, "ZOE")));
+        QCOMPARE(cues(), (level0 + times(5, k010) + QStringList{k001, k001, k008, k009, k008, k009}));
+        QCOMPARE(savedGames(), QStringList());
+        QCOMPARE(bestBytes(), bestFile(bestLine(1, 2, "ZOE")));
         QCOMPARE(gTempsTotal, 2.0);
         QCOMPARE(gTempsNiveau, 0.0);
         checkIdle();
@@ -473,10 +631,11 @@ private slots:
         QVERIFY(fond().pctEcran1->image == fresh);
         clickIgnored(Qt::RightButton, upperPoint({0, 0}));
 
-        // The way on: the right order, with the middle button, wins the level.
+        // The way on: the right order, with the middle button, wins the level (in no time, which
+        // takes the first row of the best times, hence marel001).
         cues().clear();
         for (const Cell &c : kLevel0) click(Qt::MiddleButton, lowerPoint(c));
-        QCOMPARE(cues(), times(5, k010) + QStringList{k002});
+        QCOMPARE(cues(), (times(5, k010) + QStringList{k001, k002}));
         QCOMPARE(gNiveau, 1);
         QCOMPARE(fond().labNiveau->text(), QStringLiteral("001"));
         checkScreen();

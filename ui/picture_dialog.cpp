@@ -1,0 +1,32 @@
+#include "picture_dialog.h"
+
+#include "frmFond.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+PictureDialog::PictureDialog(QWidget *parent, const QString &picture, const QString &caption)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mFond(picture)
+{
+    setWindowTitle(caption);
+    setFixedSize(mFond.size());
+}
+
+void PictureDialog::setVisible(bool visible)
+{
+    if (visible)
+        if (QWidget *fond = mainWindow()) move(fond->geometry().center() - rect().center());
+    QDialog::setVisible(visible);
+}
+
+void PictureDialog::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.drawImage(0, 0, mFond);
+}
+
+void PictureDialog::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+    QDialog::keyPressEvent(event);
+}
