@@ -34,8 +34,8 @@ field() { dpkg-deb -f "$deb" "$1"; }
 [ -n "$(field Homepage)" ] || fault "no Homepage"
 [ -n "$(field Description)" ] || fault "no Description"
 depends=$(field Depends)
-for library in libqt6widgets6 libqt6multimedia6 libqt6gui6 libqt6core6; do
-  grep -Eq "(^|, )$library( |,|$)" <<<"$depends" || fault "Depends lacks $library: $depends"
+for package in libqt6widgets6 libqt6multimedia6 libqt6gui6 libqt6core6 fonts-liberation; do
+  grep -Eq "(^|, )$package( |,|$)" <<<"$depends" || fault "Depends lacks $package: $depends"
 done
 # Qt comes from the system, not from the package.
 if dpkg-deb -c "$deb" | grep -q 'libQt6'; then
