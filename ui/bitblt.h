@@ -9,4 +9,5 @@ constexpr uint32_t SRCPAINT = 0xEE0086; // destination = destination OR source
 constexpr uint32_t SRCAND = 0x8800C6;   // destination = destination AND source
 
 // Copies the w x h rectangle of src at (xSrc, ySrc) onto dest at (x, y) with the raster operation rop.
+// Both images are Format_RGB32; the rectangle is clipped to both.
 void BitBlt(QImage &dest, int x, int y, int w, int h, const QImage &src, int xSrc, int ySrc, uint32_t rop);

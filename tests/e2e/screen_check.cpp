@@ -139,8 +139,7 @@ qint64 compare(const QImage &shot, QPoint origin, QPoint at, const QImage &expec
                     if ((got & 0xffffffu) != (expected.pixel(x, y) & 0xffffffu)) ++differing;
                 }
             if (differing > 0)
-                std::printf("%s: area (%d,%d) of %dx%d px differs in %lld pixels\n", what, cx, cy, cell, cell,
-                            static_cast<long long>(differing));
+                std::printf("%s: cell (%d,%d) differs in %lld pixels\n", what, cx, cy, static_cast<long long>(differing));
             total += differing;
         }
     }
