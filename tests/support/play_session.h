@@ -9,10 +9,12 @@
 #include "modal_answer.h"
 #include "pause.h"
 
+#include <QDir>
 #include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <functional>
+#include <limits>
 #include <memory>
 
 struct PlaySession {
@@ -115,6 +117,21 @@ struct PlaySession {
     {
         QTest::mousePress(screen, button, {}, at);
         QTest::mouseRelease(screen, button, {}, at);
+    }
+
+    // The folder where the program keeps its files, under the session's own data folder, and what it holds.
+    QString dataFolder() const { return home->path() + QStringLiteral("/cerscore/marel32b/"); }
+    QStringList dataFiles() const
+    {
+        return QDir(dataFolder())
+            .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System, QDir::Name);
+    }
+
+    // A clock that ticks only when told: seconds of play are then counted by the test.
+    void stopClock() { fond->myTimer.setInterval(std::numeric_limits<int>::max()); }
+    void tick(int seconds = 1)
+    {
+        for (int i = 0; i < seconds; ++i) fond->myTimer_Timer();
     }
 
     QString lastMessage; // the message of the last dialog answered, line breaks as the label shows them

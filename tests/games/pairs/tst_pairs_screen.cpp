@@ -2,20 +2,22 @@
 // the cues, the take-back seen step by step, the pause after a won level, the best times written
 // after each won level and the close of a game with its save, with every redraw checked pixel by
 // pixel against a plain model of the drawing.
+#include "best_times_bytes.h"
+#include "board_oracle.h"
+#include "cue_names.h"
+#include "dialog_log.h"
+#include "file_bytes.h"
+#include "first_moment.h"
 #include "play_session.h"
+#include "window_states.h"
 
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QTest>
-#include <QTimer>
 #include <array>
-#include <functional>
 #include <vector>
 
 namespace {
 
 constexpr int kCell = 52;
+const QRect kScreenPlace(110, 66, 468, 468);
 
 // A board as nine columns of nine cells, indexed [x][y] like the game's own array; 0 is empty.
 using Cells = std::array<std::array<int, 9>, 9>;
@@ -54,85 +56,24 @@ const char *const kLevel95 =
 const char *const kLevel119 =
     "QQTQQQTTR RSRSTTQQT STRSQSTSQ TRSTRSTTQ TTSQRSSTR RTSSSTTTT TQTRTQRTR R00000000 000000000";
 
-// One line of the best-times file, quotes and line end included: level on 3 digits, seconds on 8,
-// the name filled with spaces to 16.
-template <size_t N>
-QByteArray bestLine(const char (&text)[N])
-{
-    static_assert(N == 32, "a line of the best-times file is 31 bytes");
-    return QByteArray(text, N - 1);
-}
-
-// The whole best-times file: games 1 and 2 untouched, then the three rows of game 3.
-QByteArray bestTimesFile(const QByteArray &row1, const QByteArray &row2, const QByteArray &row3)
-{
-    const QByteArray empty = bestLine("\"00000000000................\"\r\n");
-    return empty + empty + empty + empty + empty + empty + row1 + row2 + row3;
-}
-
-QByteArray contentsOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return "(no file " + path.toUtf8() + ")";
-    return file.readAll();
-}
-
 int code(int x, int y) { return y * 9 + x; }
 QPoint centreOf(int x, int y) { return {kCell * x + kCell / 2, kCell * y + kCell / 2}; }
 
-// The cue files named by their numbers, "010x3" for three in a row.
-QStringList cues(const QString &numbers)
-{
-    QStringList names;
-    for (const QString &token : numbers.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-        const QStringList parts = token.split(QLatin1Char('x'));
-        const int count = parts.size() > 1 ? parts.at(1).toInt() : 1;
-        for (int i = 0; i < count; ++i) names << QStringLiteral("marel%1.wav").arg(parts.at(0));
-    }
-    return names;
-}
-
-// What the screen must hold for a board: the window's background behind it, and on each tile its
-// mask ORed in, then its picture ANDed, the selected tile from the smaller shape and pictures.
+// What the screen must hold for a board: the window's background behind it, and each tile drawn
+// through its mask, the selected tile from the smaller shape and pictures.
 QImage drawnBoard(const frmFond &fond, const Cells &cells, int selected)
 {
-    const QImage &sheet = fond.pctPion3->image;
-    QImage board(468, 468, QImage::Format_RGB32);
-    for (int py = 0; py < 468; ++py)
-        for (int px = 0; px < 468; ++px) {
-            QRgb pixel = fond.image.pixel(110 + px, 66 + py);
-            const int x = px / kCell, y = py / kCell, u = px % kCell, v = py % kCell;
-            const int value = cells[x][y];
-            if (value > 0) {
+    QImage board = backgroundUnder(fond, kScreenPlace);
+    for (int y = 0; y < 9; ++y)
+        for (int x = 0; x < 9; ++x)
+            if (const int value = cells[x][y]; value > 0) {
                 const bool chosen = code(x, y) == selected;
                 const int c = (value - 48) / 16, n = (value - 48) % 16;
-                const QRgb mask = sheet.pixel(416 + u, (chosen ? kCell : 0) + v);
-                const QRgb picture = sheet.pixel(kCell * (n - 1) + (chosen ? 208 : 0) + u, kCell * c + v);
-                pixel = (pixel | mask) & picture;
+                putMaskedSprite(board, {kCell * x, kCell * y}, fond.pctPion3->image,
+                                {kCell * (n - 1) + (chosen ? 208 : 0), kCell * c, kCell, kCell},
+                                {416, chosen ? kCell : 0});
             }
-            board.setPixel(px, py, pixel);
-        }
     return board;
-}
-
-// Empty when both pictures are the same, else where they first differ.
-QString firstDifference(const QImage &actual, const QImage &expected)
-{
-    if (actual.size() != expected.size())
-        return QStringLiteral("size %1x%2, expected %3x%4")
-            .arg(actual.width())
-            .arg(actual.height())
-            .arg(expected.width())
-            .arg(expected.height());
-    for (int y = 0; y < actual.height(); ++y)
-        for (int x = 0; x < actual.width(); ++x)
-            if ((actual.pixel(x, y) & 0xFFFFFF) != (expected.pixel(x, y) & 0xFFFFFF))
-                return QStringLiteral("pixel (%1, %2) is #%3, expected #%4")
-                    .arg(x)
-                    .arg(y)
-                    .arg(actual.pixel(x, y) & 0xFFFFFF, 6, 16, QLatin1Char('0'))
-                    .arg(expected.pixel(x, y) & 0xFFFFFF, 6, 16, QLatin1Char('0'));
-    return {};
 }
 
 Cells cellsOf(const PairBoard &pairs)
@@ -169,26 +110,6 @@ private:
     const QStringList &mPlayed;
 };
 
-// Looks at the program once, at the first turn of its event loop at which `when` holds.
-class Watch {
-public:
-    Watch(std::function<bool()> when, std::function<void()> look)
-    {
-        mTimer.setInterval(0);
-        QObject::connect(&mTimer, &QTimer::timeout, [this, when, look] {
-            if (seen || !when()) return;
-            seen = true;
-            mTimer.stop();
-            look();
-        });
-        mTimer.start();
-    }
-    bool seen = false;
-
-private:
-    QTimer mTimer;
-};
-
 } // namespace
 
 class TestPairsScreen : public QObject {
@@ -198,6 +119,8 @@ class TestPairsScreen : public QObject {
 
     frmFond &fond() { return *session.fond; }
     QStringList &played() { return session.fond->tambour.played; }
+    QByteArray bestTimes() const { return readAll(session.dataFolder() + QStringLiteral("mlbestTime.dat")); }
+    QByteArray savedFin() const { return readAll(session.dataFolder() + QStringLiteral("fin.sml")); }
 
     void click(Qt::MouseButton button, QPoint at) { PlaySession::press(fond().pctEcran3, button, at); }
     void clickCell(int x, int y) { click(Qt::LeftButton, centreOf(x, y)); }
@@ -208,14 +131,7 @@ class TestPairsScreen : public QObject {
         if (cellsOf(fond().pairs) != cells) return QStringLiteral("the board in play differs");
         if (fond().pairs.iChoix3 != selected)
             return QStringLiteral("selected cell %1, expected %2").arg(fond().pairs.iChoix3).arg(selected);
-        if (!fond().pctEcran3->isVisible()) return QStringLiteral("the screen is hidden");
-        if (fond().pctEcran3->geometry() != QRect(110, 66, 468, 468)) return QStringLiteral("the screen is misplaced");
-        const QString image = firstDifference(fond().pctEcran3->image, drawnBoard(fond(), cells, selected));
-        if (!image.isEmpty()) return QStringLiteral("image: ") + image;
-        const QImage shown = fond().grab(QRect(110, 66, 468, 468)).toImage().convertToFormat(QImage::Format_RGB32);
-        const QString window = firstDifference(shown, fond().pctEcran3->image);
-        if (!window.isEmpty()) return QStringLiteral("window: ") + window;
-        return {};
+        return screenFault(fond(), fond().pctEcran3, kScreenPlace, drawnBoard(fond(), cells, selected));
     }
 
     // Plays one pair of level 0 as the player does, checking the board after each click.
@@ -240,91 +156,30 @@ class TestPairsScreen : public QObject {
         playPair({4, 4}, ".R.. / .... / DR.D", {4, 2}, ".... / .... / D..D");
     }
 
-    // The player's data folder, under the session's own XDG_DATA_HOME.
-    QString dataFolder() const { return session.home->path() + QStringLiteral("/cerscore/marel32b/"); }
-    QByteArray bestTimes() const { return contentsOf(dataFolder() + QStringLiteral("mlbestTime.dat")); }
-
-    // What a message dialog showed, and its answer: the text typed into its box, if shown, in place of
-    // what the box held, then a click on the button with the given caption; `then` runs after the
-    // click, to answer the next dialog.
-    struct Dialog {
-        QString message;
-        QStringList buttons;
-        bool box = false;
-        QString boxText;
-        bool answered = false;
-    };
-    static void answerDialog(Dialog *seen, const QString &caption, const QString &typed = QString(),
-                             std::function<void()> then = {})
-    {
-        whenModal([seen, caption, typed, then](QWidget *dialog) {
-            auto *mess = qobject_cast<frmMess *>(dialog);
-            QVERIFY(mess);
-            seen->message = mess->labMess->text();
-            seen->box = !mess->txtReponse->isHidden();
-            seen->boxText = mess->txtReponse->text();
-            for (ClickLabel *label : mess->reponse)
-                if (!label->isHidden()) seen->buttons << label->text();
-            if (seen->box) {
-                mess->txtReponse->clear();
-                QTest::keyClicks(mess->txtReponse, typed);
-            }
-            for (ClickLabel *label : mess->reponse)
-                if (!label->isHidden() && label->text() == caption) {
-                    seen->answered = true;
-                    QTest::mouseClick(label, Qt::LeftButton);
-                    if (then) then();
-                    return;
-                }
-            QFAIL(qPrintable(QStringLiteral("no button ") + caption));
-        });
-    }
-
-    // The clicks that a window with its input off refuses: each press and release is turned away.
-    void expectRefusedClicks(int clicks)
-    {
-        for (int i = 0; i < clicks; ++i) {
-            QTest::ignoreMessage(QtWarningMsg, "Mouse event \"MousePress\" not accepted by receiving widget");
-            QTest::ignoreMessage(QtWarningMsg, "Mouse event \"MouseRelease\" not accepted by receiving widget");
-        }
-    }
-
 private slots:
-    void init() { session.start(); }
+    void init()
+    {
+        session.start();
+        // The clock's ticks come from the test, so that the seconds are known.
+        session.stopClock();
+    }
     void cleanup() { session.fond.reset(); }
 
     void aWholeGameFromTheStartButtonToTheSave()
     {
-        const QByteArray emptyRow = bestLine("\"00000000000................\"\r\n");
-        const QByteArray emptyTable = bestTimesFile(emptyRow, emptyRow, emptyRow);
-        QCOMPARE(bestTimes(), emptyTable);
+        QCOMPARE(bestTimes(), timesFile(3));
 
         PlaySession::keepLevels(3, {0, 4});
         session.startGame(3, QStringLiteral("anne"));
-        QCOMPARE(gJeu, 3);
+        verifyPlaying(fond(), 3, 0, QString());
         QCOMPARE(gNbNiveaux, 2);
-        QCOMPARE(gNiveau, 0);
         QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
-        QVERIFY(fond().labNiveau->isVisible());
-        QCOMPARE(fond().labNiveau->text(), QStringLiteral("000"));
-        QVERIFY(fond().labTemps->isVisible());
-        QCOMPARE(fond().labTemps->text(), QString());
-        QVERIFY(!fond().pctEcran1->isVisible());
-        QVERIFY(!fond().pctEcran2->isVisible());
-        QVERIFY(fond().myTimer.isActive());
-        QVERIFY(fond().isEnabled());
         QCOMPARE(played(), cues("008 009 002"));
         QCOMPARE(screenHolds(levelZero("2Sdd / C1C1 / BT2B"), -1), QString());
 
-        // The clock's ticks come from the test, so that the seconds are known.
-        fond().myTimer.setInterval(3'600'000);
-
         playLevelZeroUpToItsLastPair();
-        QCOMPARE(gNiveau, 0);
-        QVERIFY(fond().myTimer.isActive());
-
-        fond().myTimer_Timer();
-        fond().myTimer_Timer();
+        verifyPlaying(fond(), 3, 0, QString());
+        session.tick(2);
         QCOMPARE(fond().labTemps->text(), QStringLiteral(" 2"));
 
         // The pause after the won level: the empty board shows, the labels keep the level just won
@@ -332,19 +187,12 @@ private slots:
         // no place in the table, so no cue and no write.
         const QImage background = drawnBoard(fond(), Cells{}, -1);
         const QStringList heardBeforeWin = played();
-        Watch pause([this] { return fond().pairs.Vide3() && !fond().isEnabled() && gNiveau == 0; },
+        Probe pause([this] { return fond().pairs.Vide3() && !fond().isEnabled() && gNiveau == 0; },
                     [&] {
-                        QCOMPARE(fond().labNiveau->text(), QStringLiteral("000"));
-                        QVERIFY(fond().labNiveau->isVisible());
-                        QCOMPARE(fond().labTemps->text(), QStringLiteral(" 2"));
-                        QVERIFY(fond().labTemps->isVisible());
-                        QVERIFY(!fond().myTimer.isActive());
-                        QCOMPARE(gTempsTotal, 2.0);
-                        QCOMPARE(gTempsNiveau, 0.0);
-                        QVERIFY(gASauver);
-                        QCOMPARE(bestTimes(), emptyTable);
+                        verifyPaused(fond(), 0, QStringLiteral(" 2"), 2.0);
+                        QCOMPARE(bestTimes(), timesFile(3));
                         QCOMPARE(screenHolds(Cells{}, -1), QString());
-                        QCOMPARE(firstDifference(fond().pctEcran3->image, background), QString());
+                        QCOMPARE(firstWrongPixel(fond().pctEcran3->image, background), QString());
                         expectRefusedClicks(2);
                         click(Qt::RightButton, centreOf(3, 4)); // would take the last pair back
                         click(Qt::LeftButton, centreOf(3, 4));
@@ -354,23 +202,16 @@ private slots:
         clickCell(3, 4);
         QCOMPARE(screenHolds(levelZero(".... / .... / D..D"), code(3, 4)), QString());
         clickCell(6, 4);
-        QVERIFY(pause.seen);
+        QVERIFY(pause.fired);
 
         // The next level, set up with no message.
-        QCOMPARE(gJeu, 3);
-        QCOMPARE(gNiveau, 1);
-        QCOMPARE(fond().labNiveau->text(), QStringLiteral("001"));
-        QCOMPARE(fond().labTemps->text(), QStringLiteral(" 2"));
-        QVERIFY(fond().myTimer.isActive());
-        QVERIFY(fond().isEnabled());
+        verifyPlaying(fond(), 3, 1, QStringLiteral(" 2"));
         QCOMPARE(fond().pairs.iCoup3, -1);
         QCOMPARE(screenHolds(cellsOfRows(kLevel4), -1), QString());
         QCOMPARE(played(), cues("008 009 002 010x12 002"));
-        QCOMPARE(bestTimes(), emptyTable);
+        QCOMPARE(bestTimes(), timesFile(3));
 
-        fond().myTimer_Timer();
-        fond().myTimer_Timer();
-        fond().myTimer_Timer();
+        session.tick(3);
         QCOMPARE(fond().labTemps->text(), QStringLiteral(" 3"));
 
         const QPoint solution[4][2] = {{{4, 2}, {5, 4}}, {{2, 4}, {4, 6}}, {{4, 3}, {4, 5}}, {{3, 4}, {6, 4}}};
@@ -385,92 +226,63 @@ private slots:
 
         // The last level won, level 1 in a total of 5 seconds, takes row 1 of game 3 with its cue;
         // then the close: the screen goes first, then the cue, the pause and the message.
-        const QByteArray anneAtLevelOne = bestLine("\"00100000005ANNE            \"\r\n");
-        const QByteArray afterFirstGame = bestTimesFile(anneAtLevelOne, emptyRow, emptyRow);
+        const QByteArray afterFirstGame = timesFile(3, {"\"00100000005ANNE            \"\r\n"});
         const qsizetype heardBeforeLastWin = played().size();
-        Watch closing([&] { return gNiveau == 999 && played().size() == heardBeforeLastWin + 3; },
+        Probe closing([&] { return gNiveau == 999 && played().size() == heardBeforeLastWin + 3; },
                       [&] {
                           QCOMPARE(played().mid(heardBeforeLastWin), cues("010 001 001"));
                           QCOMPARE(bestTimes(), afterFirstGame);
-                          QVERIFY(!fond().pctEcran3->isVisible());
-                          QVERIFY(fond().labNiveau->isVisible());
-                          QVERIFY(fond().labTemps->isVisible());
-                          QVERIFY(!fond().isEnabled());
-                          QVERIFY(!fond().myTimer.isActive());
-                          QCOMPARE(gTempsTotal, 5.0);
-                          QVERIFY(!QApplication::activeModalWidget());
+                          verifyClosing(fond(), 5.0);
                       });
         // The closing message, then the offer to save, answered with a name between spaces.
-        Dialog closingMessage, saveOffer;
-        answerDialog(&closingMessage, QStringLiteral("Fermer"), QString(),
-                     [&] { answerDialog(&saveOffer, QStringLiteral("Valider"), QStringLiteral("  fin  ")); });
-        clickCell(6, 4);
-        QVERIFY(closing.seen);
-        QCOMPARE(closingMessage.message,
-                 QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 2 niveaux du jeu 3"));
-        QCOMPARE(closingMessage.buttons, QStringList{QStringLiteral("Fermer")});
-        QVERIFY(!closingMessage.box);
-        QVERIFY(saveOffer.answered);
-        QCOMPARE(saveOffer.message, QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom."));
-        QCOMPARE(saveOffer.buttons, (QStringList{QStringLiteral("Valider"), QStringLiteral("Annuler")}));
-        QVERIFY(saveOffer.box);
-        QCOMPARE(saveOffer.boxText, QString());
+        {
+            DialogLog log(session,
+                          {{QStringLiteral("Fermer")}, {QStringLiteral("Valider"), QStringLiteral("  fin  ")}});
+            clickCell(6, 4);
+            QVERIFY(closing.fired);
+            QCOMPARE(log.seen, (QStringList{congratulations("ANNE", 2, 3), kSaveOffer}));
+        }
 
         // The game is stored under the name without its spaces, as finished (level 999) in 5 seconds;
         // the table keeps the last level won, never 999.
-        QCOMPARE(QDir(dataFolder()).entryList({QStringLiteral("*.sml")}, QDir::Files),
-                 QStringList{QStringLiteral("fin.sml")});
-        QCOMPARE(contentsOf(dataFolder() + QStringLiteral("fin.sml")),
-                 QByteArray("\"ANNE\"\r\n0\r\n0\r\n0\r\n0\r\n999\r\n5\r\n"));
+        QCOMPARE(session.dataFiles(), (QStringList{QStringLiteral("fin.sml"), QStringLiteral("mlbestTime.dat")}));
+        QCOMPARE(savedFin(), QByteArray("\"ANNE\"\r\n0\r\n0\r\n0\r\n0\r\n999\r\n5\r\n"));
         QCOMPARE(bestTimes(), afterFirstGame);
 
         QCOMPARE(played(), cues("008 009 002 010x12 002 010x8 001 001 008 009 008 009"));
-        QCOMPARE(gJeu, 0);
-        QCOMPARE(gNiveau, 0);
-        QCOMPARE(gNomPartie, QString());
-        QVERIFY(!gASauver);
+        verifyIdle(fond());
         QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
         QCOMPARE(gTempsTotal, 5.0);
-        QVERIFY(!fond().labNiveau->isVisible());
-        QVERIFY(!fond().labTemps->isVisible());
-        for (Surface *screen : {fond().pctEcran1, fond().pctEcran2, fond().pctEcran3}) QVERIFY(!screen->isVisible());
-        QVERIFY(!fond().myTimer.isActive());
-        QVERIFY(fond().isEnabled());
-        const QImage shown = fond().grab(QRect(110, 66, 468, 468)).toImage().convertToFormat(QImage::Format_RGB32);
-        QCOMPARE(firstDifference(shown, background), QString());
+        QCOMPARE(firstWrongPixel(shownOn(fond(), kScreenPlace), background), QString());
 
         // A new game of the same player: level 0 won in 1 second is worse than the row's level 1, yet
         // the row takes it, and with a score below the empty rows' it falls to row 3. The cue still
         // plays and the file is rewritten; the saved game is left alone.
         played().clear();
-        Dialog startOffer, playerName;
-        answerDialog(&startOffer, QStringLiteral("Lancer"), QString(),
-                     [&] { answerDialog(&playerName, QStringLiteral("Valider"), QStringLiteral("anne")); });
-        session.clickMenu(2);
-        QCOMPARE(startOffer.buttons,
-                 (QStringList{QStringLiteral("Lancer"), QStringLiteral("Charger"), QStringLiteral("Annuler")}));
-        QVERIFY(playerName.answered);
-        QCOMPARE(playerName.boxText, QStringLiteral("ANNE"));
+        {
+            DialogLog log(session, {{QStringLiteral("Lancer")}, {QStringLiteral("Valider"), QStringLiteral("anne")}});
+            session.clickMenu(2);
+            QCOMPARE(log.seen.size(), 2);
+            QVERIFY2(log.seen[0].endsWith(QStringLiteral(" [Lancer|Charger|Annuler]")), qPrintable(log.seen[0]));
+            QVERIFY2(log.seen[1].endsWith(QStringLiteral(" box:ANNE")), qPrintable(log.seen[1]));
+        }
         QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
-        QCOMPARE(gJeu, 3);
-        QCOMPARE(gNiveau, 0);
+        verifyPlaying(fond(), 3, 0, QString());
         QCOMPARE(gNomPartie, QString());
         QCOMPARE(gTempsTotal, 0.0);
         QCOMPARE(played(), cues("008 009 008 009 002"));
         QCOMPARE(bestTimes(), afterFirstGame);
-        fond().myTimer.setInterval(3'600'000);
 
         played().clear();
         playLevelZeroUpToItsLastPair();
-        fond().myTimer_Timer();
+        session.tick();
         clickCell(3, 4);
         clickCell(6, 4);
         QCOMPARE(gNiveau, 1);
         QCOMPARE(gTempsTotal, 1.0);
         QCOMPARE(played(), cues("010x12 001 002"));
-        QCOMPARE(bestTimes(), bestTimesFile(emptyRow, emptyRow, bestLine("\"00000000001ANNE            \"\r\n")));
-        QCOMPARE(contentsOf(dataFolder() + QStringLiteral("fin.sml")),
-                 QByteArray("\"ANNE\"\r\n0\r\n0\r\n0\r\n0\r\n999\r\n5\r\n"));
+        QCOMPARE(bestTimes(), timesFile(3, {kEmptyTimesLine, kEmptyTimesLine, "\"00000000001ANNE            \"\r\n"}));
+        QCOMPARE(savedFin(), QByteArray("\"ANNE\"\r\n0\r\n0\r\n0\r\n0\r\n999\r\n5\r\n"));
     }
 
     void leftAndMiddleButtonPaths_data()
@@ -525,14 +337,14 @@ private slots:
         click(button, centreOf(3, 2));
         QCOMPARE(played(), cues("010 010 010"));
         QCOMPARE(screenHolds(selected, code(5, 3)), QString());
-        QCOMPARE(firstDifference(fond().pctEcran3->image, selectedImage), QString());
+        QCOMPARE(firstWrongPixel(fond().pctEcran3->image, selectedImage), QString());
 
         // The selected tile again: only the cancel sound, and the board as at the start.
         played().clear();
         click(button, QPoint(kCell * 6 - 1, kCell * 3));
         QCOMPARE(played(), cues("007"));
         QCOMPARE(screenHolds(start, -1), QString());
-        QCOMPARE(firstDifference(fond().pctEcran3->image, startImage), QString());
+        QCOMPARE(firstWrongPixel(fond().pctEcran3->image, startImage), QString());
 
         // A pair: one sound per click, no other, and the level goes on.
         played().clear();
@@ -544,10 +356,7 @@ private slots:
         QCOMPARE(fond().pairs.tabCoupA3[0], code(5, 3));
         QCOMPARE(fond().pairs.tabCoupB3[0], code(3, 3));
         QCOMPARE(fond().pairs.tabCoupV3[0], int('C'));
-        QCOMPARE(gJeu, 3);
-        QCOMPARE(gNiveau, 0);
-        QVERIFY(fond().myTimer.isActive());
-        QVERIFY(fond().isEnabled());
+        verifyPlaying(fond(), 3, 0, QString());
     }
 
     void theRightButtonTakesBackPairs()
@@ -572,16 +381,16 @@ private slots:
         click(Qt::RightButton, QPoint(1, 1));
         QCOMPARE(played(), cues("007 007"));
         QCOMPARE(screenHolds(levelZero(".Qad / ...2 / CQ3B"), -1), QString());
-        QCOMPARE(firstDifference(fond().pctEcran3->image, beforeTouchingPair), QString());
+        QCOMPARE(firstWrongPixel(fond().pctEcran3->image, beforeTouchingPair), QString());
         QCOMPARE(fond().pairs.iCoup3, 1);
         std::vector<Film::Frame> frames = film.frames;
         while (!frames.empty() && frames.front().cuesHeard == 0) frames.erase(frames.begin());
         QCOMPARE(frames.size(), size_t(3));
-        QCOMPARE(firstDifference(frames[0].image, drawnBoard(fond(), levelZero(".R.. / ...2 / CQ3B"), -1)), QString());
+        QCOMPARE(firstWrongPixel(frames[0].image, drawnBoard(fond(), levelZero(".R.. / ...2 / CQ3B"), -1)), QString());
         QCOMPARE(frames[0].cuesHeard, 1);
-        QCOMPARE(firstDifference(frames[1].image, drawnBoard(fond(), levelZero(".Q.d / ...2 / CQ3B"), -1)), QString());
+        QCOMPARE(firstWrongPixel(frames[1].image, drawnBoard(fond(), levelZero(".Q.d / ...2 / CQ3B"), -1)), QString());
         QCOMPARE(frames[1].cuesHeard, 2);
-        QCOMPARE(firstDifference(frames[2].image, beforeTouchingPair), QString());
+        QCOMPARE(firstWrongPixel(frames[2].image, beforeTouchingPair), QString());
 
         // With a tile selected, one right click cancels it and takes the last pair back.
         played().clear();
@@ -590,20 +399,19 @@ private slots:
         click(Qt::RightButton, QPoint(467, 467));
         QCOMPARE(played(), cues("010 007x3"));
         QCOMPARE(screenHolds(levelZero("3Sad / .3.2 / CT3B"), -1), QString());
-        QCOMPARE(firstDifference(fond().pctEcran3->image, afterFirstPair), QString());
+        QCOMPARE(firstWrongPixel(fond().pctEcran3->image, afterFirstPair), QString());
 
         // Back to the start, after which the right button is silent again.
         played().clear();
         click(Qt::RightButton, centreOf(8, 0));
         QCOMPARE(played(), cues("007 007"));
         QCOMPARE(screenHolds(levelZero("2Sdd / C1C1 / BT2B"), -1), QString());
-        QCOMPARE(firstDifference(fond().pctEcran3->image, startImage), QString());
+        QCOMPARE(firstWrongPixel(fond().pctEcran3->image, startImage), QString());
         QCOMPARE(fond().pairs.iCoup3, -1);
         click(Qt::RightButton, centreOf(3, 3));
         QCOMPARE(played(), cues("007 007"));
         QCOMPARE(screenHolds(levelZero("2Sdd / C1C1 / BT2B"), -1), QString());
-        QCOMPARE(gNiveau, 0);
-        QVERIFY(fond().isEnabled());
+        verifyPlaying(fond(), 3, 0, QString());
     }
 
     // The pixel at 51 is the last of the first cell, 52 the first of the second, 467 the last of the board.

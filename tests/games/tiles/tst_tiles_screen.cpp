@@ -3,15 +3,16 @@
 // clock, and the best-times file as each won level leaves it.
 // After every redraw the screen is checked cell by cell against the model, pixel for pixel.
 // The clock never ticks on its own here: the tests count the seconds themselves.
+#include "best_times_bytes.h"
+#include "board_oracle.h"
+#include "cue_names.h"
+#include "dialog_log.h"
+#include "file_bytes.h"
+#include "first_moment.h"
 #include "play_session.h"
+#include "window_states.h"
 
-#include <QDir>
-#include <QFile>
-#include <QPointer>
-#include <QTimer>
 #include <algorithm>
-#include <functional>
-#include <limits>
 #include <vector>
 
 namespace {
@@ -22,60 +23,25 @@ constexpr int kSheetSocket = 4;
 constexpr int kSheetWon = 5;
 const QRect kScreenPlace(128, 26, 432, 548);
 
-const QString k001 = QStringLiteral("marel001.wav");
-const QString k002 = QStringLiteral("marel002.wav");
-const QString k007 = QStringLiteral("marel007.wav");
-const QString k008 = QStringLiteral("marel008.wav");
-const QString k009 = QStringLiteral("marel009.wav");
-const QString k010 = QStringLiteral("marel010.wav");
-
 struct Cell {
     int x;
     int y;
 };
 
 // Solutions of levels 0 and 1 of the shipped store.
-const std::vector<Cell> kLevel0 = {{3, 4}, {3, 3}, {3, 0}, {3, 1}, {3, 2}};
-const std::vector<Cell> kLevel1 = {{3, 2}, {4, 2}, {5, 2}, {3, 3}, {3, 4}, {3, 1}, {3, 0}, {2, 2}, {1, 2}};
+const std::vector<Cell> kSolutions[2] = {{{3, 4}, {3, 3}, {3, 0}, {3, 1}, {3, 2}},
+                                         {{3, 2}, {4, 2}, {5, 2}, {3, 3}, {3, 4}, {3, 1}, {3, 0}, {2, 2}, {1, 2}}};
 
 QPoint upperPoint(Cell c) { return {kCell * c.x + kCell / 2, kCell * c.y + kCell / 2}; }
 QPoint lowerPoint(Cell c) { return {kCell * c.x + kCell / 2, kLowerTop + kCell * c.y + kCell / 2}; }
-
-QStringList times(int n, const QString &cue) { return QStringList(n, cue); }
-
-// One line of the best-times file: the quoted level on 3 digits, time on 8, name filled to 16 with spaces.
-QByteArray bestLine(int niveau, int temps, const QByteArray &nom)
-{
-    return '"' + QByteArray::number(niveau).rightJustified(3, '0') + QByteArray::number(temps).rightJustified(8, '0')
-           + nom.leftJustified(16, ' ') + "\"\r\n";
-}
-
-const QByteArray kEmptyLine = "\"00000000000................\"\r\n";
-
-// The whole file: the given first rows of game 1, then empty rows up to nine lines.
-QByteArray bestFile(const QByteArray &game1 = QByteArray())
-{
-    QByteArray bytes = game1;
-    while (bytes.size() < 9 * 31) bytes += kEmptyLine;
-    return bytes;
-}
-
-// The bytes of a file, or "(none)" when there is no such file.
-QByteArray fileBytes(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return "(none)";
-    return file.readAll();
-}
+QRect sheetCell(int index) { return {index * kCell, 0, kCell, kCell}; }
 
 bool showsWonArt(const frmFond &fond)
 {
-    const QImage &sheet = fond.pctPion1->image;
-    const QImage &shown = fond.pctEcran1->image;
+    const QImage won = fond.pctPion1->image.copy(sheetCell(kSheetWon));
     for (int y = 0; y < 5; ++y)
         for (int x = 0; x < 8; ++x)
-            if (fond.tiles.tabCible1[x][y] > 0
-                && shown.copy(kCell * x, kCell * y, kCell, kCell) != sheet.copy(kSheetWon * kCell, 0, kCell, kCell))
+            if (fond.tiles.tabCible1[x][y] > 0 && fond.pctEcran1->image.copy(kCell * x, kCell * y, kCell, kCell) != won)
                 return false;
     return true;
 }
@@ -89,153 +55,47 @@ bool sameTiles(const TileBoard &a, const TileBoard &b)
 
 enum class Upper { Targets, Won };
 
+// A whole game of two levels: the levels kept, the name typed and as the program takes it, the
+// placements after which the clock ticks on each level, the best-times rows the two wins leave (the
+// first empty when it earns none), the name typed at the offer to save, and what the data folder
+// then holds.
+struct Game {
+    QList<int> levels;
+    QString typed;
+    QByteArray player;
+    QList<int> firstTicks, secondTicks;
+    QByteArray firstRow, lastRow;
+    QString gameName;
+    QStringList dataFiles;
+    QByteArray saved;
+};
+
 // What the screen must hold for the model: on each cell the sheet cell of its value, elsewhere the
-// window's own background behind the screen. Empty when it does; otherwise the first wrong pixel.
-QString screenMismatch(const frmFond &fond, Upper upper)
+// window's own background behind the screen.
+QImage expectedScreen(const frmFond &fond, Upper upper)
 {
     const QImage &sheet = fond.pctPion1->image;
-    const QImage &shown = fond.pctEcran1->image;
-    if (shown.size() != kScreenPlace.size()) return QStringLiteral("screen image of the wrong size");
-    if (sheet.size() != QSize(6 * kCell, kCell)) return QStringLiteral("sheet of the wrong size");
-
-    QImage expected(kScreenPlace.size(), QImage::Format_RGB32);
-    for (int y = 0; y < expected.height(); ++y)
-        for (int x = 0; x < expected.width(); ++x)
-            expected.setPixel(x, y, fond.image.pixel(kScreenPlace.x() + x, kScreenPlace.y() + y));
-    auto put = [&](int sheetCell, int left, int top) {
-        for (int dy = 0; dy < kCell; ++dy)
-            for (int dx = 0; dx < kCell; ++dx)
-                expected.setPixel(left + dx, top + dy, sheet.pixel(sheetCell * kCell + dx, dy));
-    };
+    QImage wanted = backgroundUnder(fond, kScreenPlace);
     for (int y = 0; y < 5; ++y) {
         for (int x = 0; x < 8; ++x) {
             const int target = fond.tiles.tabCible1[x][y];
-            if (target > 0) put(upper == Upper::Won ? kSheetWon : target - 1, kCell * x, kCell * y);
+            if (target > 0)
+                putSprite(wanted, {kCell * x, kCell * y}, sheet,
+                          sheetCell(upper == Upper::Won ? kSheetWon : target - 1));
             const int value = fond.tiles.tabJeu1[x][y];
+            const QPoint lower(kCell * x, kLowerTop + kCell * y);
             if (value >= 1 && value <= 4)
-                put(value - 1, kCell * x, kLowerTop + kCell * y);
+                putSprite(wanted, lower, sheet, sheetCell(value - 1));
             else if (value == TileBoard::kSocle)
-                put(kSheetSocket, kCell * x, kLowerTop + kCell * y);
+                putSprite(wanted, lower, sheet, sheetCell(kSheetSocket));
         }
     }
-    for (int y = 0; y < expected.height(); ++y)
-        for (int x = 0; x < expected.width(); ++x)
-            if (shown.pixel(x, y) != expected.pixel(x, y))
-                return QStringLiteral("pixel (%1, %2), cell (%3, %4) of the %5 board")
-                    .arg(x)
-                    .arg(y)
-                    .arg(x / kCell)
-                    .arg(y < kLowerTop ? y / kCell : (y - kLowerTop) / kCell)
-                    .arg(y < 270         ? QStringLiteral("upper")
-                         : y < kLowerTop ? QStringLiteral("gap")
-                                         : QStringLiteral("lower"));
-    return {};
+    return wanted;
 }
-
-// Whether the window as it is painted shows the screen's image where the screen stands.
-QString shownMismatch(frmFond &fond)
-{
-    const QImage painted = fond.grab(kScreenPlace).toImage().convertToFormat(QImage::Format_RGB32);
-    const QImage &image = fond.pctEcran1->image;
-    if (painted.size() != image.size()) return QStringLiteral("grab of the wrong size");
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (painted.pixel(x, y) != image.pixel(x, y))
-                return QStringLiteral("shown pixel (%1, %2) is not the image's").arg(x).arg(y);
-    return {};
-}
-
-bool idleMenuArt(const frmFond &fond, bool idle)
-{
-    const int sourceX = idle ? 0 : 80;
-    for (int y = 0; y < 375; ++y)
-        for (int x = 0; x < 80; ++x)
-            if (fond.image.pixel(x, 130 + y) != fond.pctMenu->image.pixel(sourceX + x, y)) return false;
-    return true;
-}
-
-// The window as seen while the pause after a won level runs, and what a click made then did.
-struct PauseView {
-    bool seen = false;
-    bool inputOff = false;
-    int32_t niveau = -1;
-    QString labNiveau;
-    QString labTemps;
-    bool labelsShown = false;
-    bool timerActive = true;
-    double total = -1;
-    double tempsNiveau = -1;
-    QString screen;
-    QString shown;
-    bool clickLost = false;
-    QByteArray bestFile; // the best-times file as the pause finds it
-};
-
-// A message dialog as it came up.
-struct Asked {
-    QString message;     // line breaks as the label shows them
-    QStringList buttons; // the captions shown, in order
-    bool box = false;
-    QString boxText;
-};
-
-// Answers the message dialogs of a close, in turn, for as long as it lives: for each, the next step
-// notes the window, types into the box if it is shown and clicks the caption. A dialog beyond the
-// steps is noted too and closed by its first button, so that an extra question fails the test
-// instead of hanging it.
-class Answers {
-public:
-    struct Step {
-        QString caption;
-        QString typed;
-        std::function<void()> note = [] {};
-    };
-
-    explicit Answers(std::vector<Step> steps) : mSteps(std::move(steps))
-    {
-        mPoll.setInterval(10);
-        QObject::connect(&mPoll, &QTimer::timeout, [this] { answerShown(); });
-        mPoll.start();
-    }
-
-    std::vector<Asked> asked;
-
-private:
-    void answerShown()
-    {
-        auto *mess = qobject_cast<frmMess *>(QApplication::activeModalWidget());
-        if (!mess || !mess->isVisible() || mess == mLast) return;
-        mLast = mess;
-        Asked seen{mess->labMess->text(), {}, !mess->txtReponse->isHidden(), mess->txtReponse->text()};
-        for (ClickLabel *label : mess->reponse)
-            if (!label->isHidden()) seen.buttons << label->text();
-        asked.push_back(seen);
-        if (seen.buttons.isEmpty()) return;
-        const size_t index = asked.size() - 1;
-        QString caption = seen.buttons.first();
-        if (index < mSteps.size()) {
-            mSteps[index].note();
-            caption = mSteps[index].caption;
-            if (seen.box) {
-                mess->txtReponse->clear();
-                QTest::keyClicks(mess->txtReponse, mSteps[index].typed);
-            }
-        }
-        for (ClickLabel *label : mess->reponse) {
-            if (!label->isHidden() && label->text() == caption) {
-                QTest::mouseClick(label, Qt::LeftButton);
-                return;
-            }
-        }
-        QTest::mouseClick(mess->reponse[0], Qt::LeftButton);
-    }
-
-    std::vector<Step> mSteps;
-    QTimer mPoll;
-    QPointer<frmMess> mLast;
-};
 
 } // namespace
+
+Q_DECLARE_METATYPE(Game)
 
 class TestTilesScreen : public QObject {
     Q_OBJECT
@@ -243,303 +103,200 @@ class TestTilesScreen : public QObject {
     PlaySession session;
 
     frmFond &fond() { return *session.fond; }
-    QStringList &cues() { return session.fond->tambour.played; }
-
-    // The data folder the program must use, under the session's own user data folder.
-    QString dataFolder() const { return session.home->path() + QStringLiteral("/cerscore/marel32b/"); }
-    QByteArray bestBytes() const { return fileBytes(dataFolder() + QStringLiteral("mlbestTime.dat")); }
-    QStringList savedGames() const { return QDir(dataFolder()).entryList({QStringLiteral("*.sml")}, QDir::Files); }
+    QStringList &played() { return session.fond->tambour.played; }
+    QByteArray bestTimes() const { return readAll(session.dataFolder() + QStringLiteral("mlbestTime.dat")); }
 
     void click(Qt::MouseButton button, QPoint at) { PlaySession::press(fond().pctEcran1, button, at); }
 
-    // The screen shows the model, in the image and on the window.
-    void checkScreen(Upper upper = Upper::Targets)
+    // Empty when the screen shows the model, in the image and on the window.
+    QString screenFault(Upper upper = Upper::Targets)
     {
-        QCOMPARE(screenMismatch(fond(), upper), QString());
-        QCOMPARE(shownMismatch(fond()), QString());
+        if (fond().pctPion1->image.size() != QSize(6 * kCell, kCell)) return QStringLiteral("sheet of the wrong size");
+        return ::screenFault(fond(), fond().pctEcran1, kScreenPlace, expectedScreen(fond(), upper));
     }
 
-    // A left click on a socket: one cue, the placement recorded, the screen redrawn, the level still on.
+    // A click on a socket: one cue, the placement recorded, the screen redrawn, the level still on.
     void place(Cell c, Qt::MouseButton button = Qt::LeftButton)
     {
-        const QStringList before = cues();
+        const QStringList before = played();
         const int32_t coup = fond().tiles.iCoup1;
         QCOMPARE(fond().tiles.tabJeu1[c.x][c.y], TileBoard::kSocle);
         click(button, lowerPoint(c));
-        QCOMPARE(cues(), before + QStringList{k010});
+        QCOMPARE(played(), before + cues("010"));
         QCOMPARE(fond().tiles.iCoup1, coup + 1);
         QCOMPARE(fond().tiles.tabCoups1[coup + 1], c.y * 8 + c.x);
         QVERIFY(fond().isEnabled());
         QVERIFY(fond().myTimer.isActive());
-        checkScreen();
+        QCOMPARE(screenFault(), QString());
     }
 
     // A click that no rule accepts: no cue, no change to the model or to the screen.
     void clickIgnored(Qt::MouseButton button, QPoint at)
     {
-        const QStringList before = cues();
+        const QStringList before = played();
         const TileBoard tiles = fond().tiles;
         const QImage image = fond().pctEcran1->image;
         click(button, at);
-        QCOMPARE(cues(), before);
+        QCOMPARE(played(), before);
         QVERIFY(sameTiles(fond().tiles, tiles));
         QVERIFY(fond().pctEcran1->image == image);
         QVERIFY(fond().isEnabled());
     }
 
-    // The winning click of a level that is not the last, with the window watched during the pause:
-    // a timer polls for input off while the level just won is still the current one, notes the
-    // window, and right-clicks the screen, which would take a tile back if the click got through.
-    PauseView winWatchingThePause(Cell last)
+    // Places a level's solution but its last cell, with a tick of the clock after each placement listed.
+    void placeAllButLast(const std::vector<Cell> &solution, const QList<int> &ticksAfter)
     {
-        PauseView view;
+        for (int i = 0; i + 1 < int(solution.size()); ++i) {
+            place(solution[i]);
+            if (ticksAfter.contains(i)) session.tick();
+        }
+    }
+
+    // The winning click of a level that is not the last, with the window checked during the pause:
+    // the level just won still current, input off, the won art, the labels kept, the clock stopped,
+    // the best times as given; a right click then, which would take a tile back if it got through,
+    // and a left click are both lost.
+    void winCheckingThePause(Cell last, const QString &seconds, double total, const QByteArray &best)
+    {
         const int32_t won = gNiveau;
-        QTimer poll;
-        poll.setTimerType(Qt::PreciseTimer);
-        poll.setInterval(1);
-        connect(&poll, &QTimer::timeout, this, [&] {
-            frmFond &f = fond();
-            // Events are also handled before the won art is drawn, while the cue of a place in the
-            // best times is started: the pause is from that art on.
-            if (view.seen || f.isEnabled() || gNiveau != won || !f.tiles.Complet1() || !showsWonArt(f)) return;
-            view.seen = true;
-            poll.stop();
-            view.inputOff = !f.isEnabled();
-            view.niveau = gNiveau;
-            view.labNiveau = f.labNiveau->text();
-            view.labTemps = f.labTemps->text();
-            view.labelsShown = f.labNiveau->isVisible() && f.labTemps->isVisible();
-            view.timerActive = f.myTimer.isActive();
-            view.total = gTempsTotal;
-            view.tempsNiveau = gTempsNiveau;
-            view.screen = screenMismatch(f, Upper::Won);
-            view.shown = shownMismatch(f);
-            view.bestFile = bestBytes();
-
-            const QStringList cuesBefore = f.tambour.played;
-            const TileBoard tiles = f.tiles;
-            const QImage image = f.pctEcran1->image;
-            // With the window's input off, the screen refuses the press and the release of both clicks.
-            for (const char *refused : {"Mouse event \"MousePress\" not accepted by receiving widget",
-                                        "Mouse event \"MouseRelease\" not accepted by receiving widget"}) {
-                QTest::ignoreMessage(QtWarningMsg, refused);
-                QTest::ignoreMessage(QtWarningMsg, refused);
-            }
-            PlaySession::press(f.pctEcran1, Qt::RightButton, upperPoint({0, 0}));
-            PlaySession::press(f.pctEcran1, Qt::LeftButton, lowerPoint(last));
-            view.clickLost = f.tambour.played == cuesBefore && sameTiles(f.tiles, tiles) && f.pctEcran1->image == image
-                             && gNiveau == won;
-        });
-        poll.start();
+        // Events are also handled before the won art is drawn, while the cue of a place in the best
+        // times is started: the pause is from that art on.
+        Probe pause(
+            [&] { return !fond().isEnabled() && gNiveau == won && fond().tiles.Complet1() && showsWonArt(fond()); },
+            [&] {
+                verifyPaused(fond(), won, seconds, total);
+                QCOMPARE(screenFault(Upper::Won), QString());
+                QCOMPARE(bestTimes(), best);
+                const QStringList cuesBefore = played();
+                const TileBoard tiles = fond().tiles;
+                const QImage image = fond().pctEcran1->image;
+                expectRefusedClicks(2);
+                click(Qt::RightButton, upperPoint({0, 0}));
+                click(Qt::LeftButton, lowerPoint(last));
+                QVERIFY2(played() == cuesBefore && sameTiles(fond().tiles, tiles) && fond().pctEcran1->image == image
+                             && gNiveau == won,
+                         "a click made during the pause was handled");
+            });
         click(Qt::LeftButton, lowerPoint(last));
-        return view;
-    }
-
-    void checkPause(const PauseView &view, int32_t won, const QString &label, const QString &seconds)
-    {
-        QVERIFY2(view.seen, "the pause after the won level was not caught");
-        QVERIFY(view.inputOff);
-        QCOMPARE(view.niveau, won);
-        QCOMPARE(view.labNiveau, label);
-        QCOMPARE(view.labTemps, seconds);
-        QVERIFY(view.labelsShown);
-        QVERIFY(!view.timerActive);
-        QCOMPARE(view.tempsNiveau, 0.0);
-        QCOMPARE(view.screen, QString());
-        QCOMPARE(view.shown, QString());
-        QVERIFY2(view.clickLost, "a click made during the pause was handled");
-    }
-
-    void checkIdle()
-    {
-        QCOMPARE(gJeu, 0);
-        QCOMPARE(gNiveau, 0);
-        QVERIFY(!fond().labNiveau->isVisible());
-        QVERIFY(!fond().labTemps->isVisible());
-        QVERIFY(!fond().pctEcran1->isVisible());
-        QVERIFY(!fond().pctEcran2->isVisible());
-        QVERIFY(!fond().pctEcran3->isVisible());
-        QVERIFY(!fond().myTimer.isActive());
-        QVERIFY(fond().isEnabled());
-        QVERIFY(!gASauver);
-        QVERIFY(gNomPartie.isEmpty());
-        QVERIFY(idleMenuArt(fond(), true));
+        QVERIFY2(pause.fired, "the pause after the won level was not caught");
     }
 
 private slots:
     void init()
     {
         session.start();
-        fond().myTimer.setInterval(std::numeric_limits<int>::max());
+        session.stopClock();
     }
     void cleanup() { session.fond.reset(); }
 
-    // Levels 0 and 1 of the shipped store, the first won within its first second, the second after one
-    // tick: each win takes ANNE to the top of the best times, with the cue and the file rewritten, and
-    // the close saves the game under the name typed.
-    void aWholeGameOfTwoLevelsFromTheStartButtonToTheClose()
+    // A whole game of two levels of the shipped store, from the start button to the close. Each level
+    // won is written to the best times if it earns a row: in no time it ties with the empty rows and
+    // takes the first, with its cue; in 2 seconds level 0 scores below them, with neither cue nor write.
+    // The seconds of the first level join the total when it is won and stay on the label through the
+    // pause. At the close the screen goes, the last level won takes its row, then come the closing
+    // message and the offer to save, answered with a name or with blanks.
+    void aWholeGameOfTwoLevels_data()
     {
-        QCOMPARE(gCheminData, dataFolder());
-        QCOMPARE(bestBytes(), bestFile());
-        QCOMPARE(bestBytes().size(), 279);
+        QTest::addColumn<Game>("game");
+        QTest::newRow("ANNE in 0 then 1 s, saved") << Game{{0, 1},
+                                                           "  anne  ",
+                                                           "ANNE",
+                                                           {},
+                                                           {3},
+                                                           timesLine(0, 0, "ANNE"),
+                                                           timesLine(1, 1, "ANNE"),
+                                                           "ma partie",
+                                                           {"ma partie.sml", "mlbestTime.dat"},
+                                                           "\"ANNE\"\r\n999\r\n1\r\n0\r\n0\r\n0\r\n0\r\n"};
+        QTest::newRow("ZOE in 2 then 0 s, not saved")
+            << Game{{1, 0}, "Zoe ", "ZOE", {2, 5}, {}, {}, timesLine(1, 2, "ZOE"), "   ", {"mlbestTime.dat"}, {}};
+    }
 
-        PlaySession::keepLevels(1, {0, 1});
-        session.startGame(1, QStringLiteral("  anne  "));
+    void aWholeGameOfTwoLevels()
+    {
+        QFETCH(Game, game);
+        const auto &[levels, typed, player, firstTicks, secondTicks, firstRow, lastRow, gameName, dataFiles, saved] =
+            game;
+        const std::vector<Cell> &first = kSolutions[levels[0]];
+        const std::vector<Cell> &second = kSolutions[levels[1]];
+        const double firstSeconds = firstTicks.size(), total = firstSeconds + secondTicks.size();
+        const QString firstLabel = firstTicks.isEmpty() ? QString() : QStringLiteral(" %1").arg(firstTicks.size());
 
-        QCOMPARE(gJeu, 1);
+        QCOMPARE(gCheminData, session.dataFolder());
+        QCOMPARE(bestTimes(), timesFile());
+        QCOMPARE(bestTimes().size(), 279);
+
+        PlaySession::keepLevels(1, {levels[0], levels[1]});
+        session.startGame(1, typed);
+
+        verifyPlaying(fond(), 1, 0, QString());
         QCOMPARE(gNbNiveaux, 2);
-        QCOMPARE(gNiveau, 0);
-        QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
+        QCOMPARE(gNomJoueur, QString::fromLatin1(player));
         QCOMPARE(gTempsTotal, 0.0);
         QCOMPARE(gTempsNiveau, 0.0);
         QVERIFY(!gASauver);
-        QVERIFY(fond().labNiveau->isVisible());
-        QCOMPARE(fond().labNiveau->text(), QStringLiteral("000"));
-        QVERIFY(fond().labTemps->isVisible());
-        QCOMPARE(fond().labTemps->text(), QString());
-        QVERIFY(fond().pctEcran1->isVisible());
-        QCOMPARE(fond().pctEcran1->geometry(), kScreenPlace);
-        QVERIFY(!fond().pctEcran2->isVisible());
-        QVERIFY(!fond().pctEcran3->isVisible());
-        QVERIFY(fond().myTimer.isActive());
         QCOMPARE(fond().myTimer.interval(), std::numeric_limits<int>::max());
-        QVERIFY(fond().isEnabled());
-        QVERIFY(idleMenuArt(fond(), false));
-        QCOMPARE(cues(), (QStringList{k008, k009, k002}));
-        checkScreen();
+        QVERIFY(menuShowsIdleArt(fond(), false));
+        QCOMPARE(played(), cues("008 009 002"));
+        QCOMPARE(screenFault(), QString());
 
-        // Level 0 in no time ties with the empty rows and takes the first.
-        for (size_t i = 0; i + 1 < kLevel0.size(); ++i) place(kLevel0[i]);
-        const PauseView pause = winWatchingThePause(kLevel0.back());
-        checkPause(pause, 0, QStringLiteral("000"), QString());
-        QCOMPARE(pause.total, 0.0);
-        const QByteArray afterLevel0 = bestFile(bestLine(0, 0, "ANNE"));
-        QCOMPARE(pause.bestFile, afterLevel0);
+        placeAllButLast(first, firstTicks);
+        QCOMPARE(fond().labTemps->text(), firstLabel);
+        QCOMPARE(gTempsTotal, 0.0);
+        const QByteArray afterFirst = firstRow.isEmpty() ? timesFile() : timesFile(1, {firstRow});
+        winCheckingThePause(first.back(), firstLabel, firstSeconds, afterFirst);
 
         // The next level is up: fresh sockets, its own number, the clock running again.
-        QCOMPARE(gJeu, 1);
-        QCOMPARE(gNiveau, 1);
-        QCOMPARE(fond().labNiveau->text(), QStringLiteral("001"));
-        QVERIFY(fond().labNiveau->isVisible());
-        QVERIFY(fond().labTemps->isVisible());
+        verifyPlaying(fond(), 1, 1, firstLabel);
         QCOMPARE(fond().tiles.iCoup1, -1);
-        QVERIFY(fond().isEnabled());
-        QVERIFY(fond().myTimer.isActive());
         QVERIFY(gASauver);
         QCOMPARE(gTempsNiveau, 0.0);
-        QCOMPARE(gTempsTotal, 0.0);
-        const QStringList level0 = QStringList{k008, k009, k002} + times(5, k010) + QStringList{k001, k002};
-        QCOMPARE(cues(), level0);
-        checkScreen();
-        QCOMPARE(bestBytes(), afterLevel0);
+        QCOMPARE(gTempsTotal, firstSeconds);
+        const QStringList firstCues = cues("008 009 002") + QStringList(first.size(), QStringLiteral("marel010.wav"))
+                                      + (firstRow.isEmpty() ? QStringList() : cues("001")) + cues("002");
+        QCOMPARE(played(), firstCues);
+        QCOMPARE(screenFault(), QString());
+        QCOMPARE(bestTimes(), afterFirst);
 
-        for (size_t i = 0; i + 1 < kLevel1.size(); ++i) {
-            place(kLevel1[i]);
-            if (i == 3) fond().myTimer_Timer();
-        }
-        QCOMPARE(fond().labTemps->text(), QStringLiteral(" 1"));
+        placeAllButLast(second, secondTicks);
+        if (!secondTicks.isEmpty()) QCOMPARE(fond().labTemps->text(), QStringLiteral(" %1").arg(secondTicks.size()));
 
-        // The last level won: the screen goes, the row is ANNE's latest, then the closing message, the
-        // request for a name, and back to idle.
-        bool screenHidden = false;
-        int32_t niveauAtMessage = -1;
-        int32_t jeuAtMessage = -1;
-        bool inputOffAtMessage = false;
-        QStringList cuesAtMessage;
+        // The last level won: the screen goes and the last level won takes its row before the closing
+        // message comes up; the offer to save finds no game saved yet.
+        bool screenHidden = false, inputOff = false;
+        int32_t niveau = -1, jeu = -1;
+        QStringList cuesAtMessage, filesAtOffer;
         QByteArray bestAtMessage;
-        QStringList savedBeforeName;
-        Answers answers(
-            {{QStringLiteral("Fermer"), QString(),
-              [&] {
-                  screenHidden = !fond().pctEcran1->isVisible();
-                  niveauAtMessage = gNiveau;
-                  jeuAtMessage = gJeu;
-                  inputOffAtMessage = !fond().isEnabled();
-                  cuesAtMessage = cues();
-                  bestAtMessage = bestBytes();
-              }},
-             {QStringLiteral("Valider"), QStringLiteral("ma partie"), [&] { savedBeforeName = savedGames(); }}});
-        click(Qt::LeftButton, lowerPoint(kLevel1.back()));
+        DialogLog log(session, {{QStringLiteral("Fermer"), QString(),
+                                 [&] {
+                                     screenHidden = !fond().pctEcran1->isVisible();
+                                     niveau = gNiveau;
+                                     jeu = gJeu;
+                                     inputOff = !fond().isEnabled();
+                                     cuesAtMessage = played();
+                                     bestAtMessage = bestTimes();
+                                 }},
+                                {QStringLiteral("Valider"), gameName, [&] { filesAtOffer = session.dataFiles(); }}});
+        click(Qt::LeftButton, lowerPoint(second.back()));
 
         QVERIFY(screenHidden);
-        QCOMPARE(niveauAtMessage, 999);
-        QCOMPARE(jeuAtMessage, 1);
-        QVERIFY(inputOffAtMessage);
-        const QStringList whole = level0 + times(9, k010) + QStringList{k001, k001, k008};
+        QCOMPARE(niveau, 999);
+        QCOMPARE(jeu, 1);
+        QVERIFY(inputOff);
+        const QStringList whole =
+            firstCues + QStringList(second.size(), QStringLiteral("marel010.wav")) + cues("001 001 008");
         QCOMPARE(cuesAtMessage, whole);
-        const QByteArray afterLevel1 = bestFile(bestLine(1, 1, "ANNE"));
-        QCOMPARE(bestAtMessage, afterLevel1);
+        QCOMPARE(bestAtMessage, timesFile(1, {lastRow}));
+        QCOMPARE(log.seen, (QStringList{congratulations(player.constData(), 2, 1), kSaveOffer}));
+        QCOMPARE(filesAtOffer, QStringList{QStringLiteral("mlbestTime.dat")});
 
-        QCOMPARE(answers.asked.size(), size_t(2));
-        QCOMPARE(answers.asked[0].message,
-                 QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 2 niveaux du jeu 1"));
-        QCOMPARE(answers.asked[0].buttons, (QStringList{QStringLiteral("Fermer")}));
-        QVERIFY(!answers.asked[0].box);
-        QCOMPARE(answers.asked[1].message, QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom."));
-        QCOMPARE(answers.asked[1].buttons, (QStringList{QStringLiteral("Valider"), QStringLiteral("Annuler")}));
-        QVERIFY(answers.asked[1].box);
-        QCOMPARE(answers.asked[1].boxText, QString());
-        QCOMPARE(savedBeforeName, QStringList());
-
-        QCOMPARE(savedGames(), (QStringList{QStringLiteral("ma partie.sml")}));
-        QCOMPARE(fileBytes(dataFolder() + QStringLiteral("ma partie.sml")),
-                 QByteArray("\"ANNE\"\r\n999\r\n1\r\n0\r\n0\r\n0\r\n0\r\n"));
-        QCOMPARE(bestBytes(), afterLevel1);
-        QCOMPARE(cues(), (whole + QStringList{k009, k008, k009}));
-        checkIdle();
-        QCOMPARE(gTempsTotal, 1.0);
-    }
-
-    // Levels 1 then 0 of the shipped store: seconds counted on the first level join the total when it
-    // is won and stay on the label through the pause; the second, won within its first second, adds 0.
-    // Level 0 in 2 seconds scores below the empty rows and stays out of the best times, with neither cue
-    // nor write; level 1 gets ZOE in. At the close the player leaves the box blank and nothing is saved.
-    void theClockAcrossAWonLevelAndThePause()
-    {
-        PlaySession::keepLevels(1, {1, 0});
-        session.startGame(1, QStringLiteral("Zoe "));
-        QCOMPARE(gNomJoueur, QStringLiteral("ZOE"));
-
-        for (size_t i = 0; i + 1 < kLevel1.size(); ++i) {
-            place(kLevel1[i]);
-            if (i == 2 || i == 5) fond().myTimer_Timer();
-        }
-        QCOMPARE(fond().labTemps->text(), QStringLiteral(" 2"));
-        QCOMPARE(gTempsTotal, 0.0);
-
-        const PauseView pause = winWatchingThePause(kLevel1.back());
-        checkPause(pause, 0, QStringLiteral("000"), QStringLiteral(" 2"));
-        QCOMPARE(pause.total, 2.0);
-        QCOMPARE(pause.bestFile, bestFile());
-
-        QCOMPARE(gNiveau, 1);
-        QCOMPARE(fond().labNiveau->text(), QStringLiteral("001"));
-        QCOMPARE(fond().labTemps->text(), QStringLiteral(" 2"));
+        QCOMPARE(session.dataFiles(), dataFiles);
+        if (!saved.isEmpty()) QCOMPARE(readAll(session.dataFolder() + gameName + QStringLiteral(".sml")), saved);
+        QCOMPARE(bestTimes(), timesFile(1, {lastRow}));
+        QCOMPARE(played(), whole + cues("009 008 009"));
+        verifyIdle(fond());
+        QCOMPARE(gTempsTotal, total);
         QCOMPARE(gTempsNiveau, 0.0);
-        QCOMPARE(gTempsTotal, 2.0);
-        QVERIFY(fond().myTimer.isActive());
-        const QStringList level0 = QStringList{k008, k009, k002} + times(9, k010) + QStringList{k002};
-        QCOMPARE(cues(), level0);
-        QCOMPARE(bestBytes(), bestFile());
-        checkScreen();
-
-        for (size_t i = 0; i + 1 < kLevel0.size(); ++i) place(kLevel0[i]);
-        QByteArray bestAtMessage;
-        Answers answers({{QStringLiteral("Fermer"), QString(), [&] { bestAtMessage = bestBytes(); }},
-                         {QStringLiteral("Valider"), QStringLiteral("   ")}});
-        click(Qt::LeftButton, lowerPoint(kLevel0.back()));
-        QCOMPARE(answers.asked.size(), size_t(2));
-        QCOMPARE(answers.asked[0].message,
-                 QStringLiteral("Félicitations ZOE\nVous venez de terminer\nles 2 niveaux du jeu 1"));
-        QCOMPARE(answers.asked[1].message, QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom."));
-        QVERIFY(answers.asked[1].box);
-        QCOMPARE(bestAtMessage, bestFile(bestLine(1, 2, "ZOE")));
-        QCOMPARE(cues(), (level0 + times(5, k010) + QStringList{k001, k001, k008, k009, k008, k009}));
-        QCOMPARE(savedGames(), QStringList());
-        QCOMPARE(bestBytes(), bestFile(bestLine(1, 2, "ZOE")));
-        QCOMPARE(gTempsTotal, 2.0);
-        QCOMPARE(gTempsNiveau, 0.0);
-        checkIdle();
     }
 
     // Level 77 has cells in every corner and non-cells inside.
@@ -547,8 +304,8 @@ private slots:
     {
         PlaySession::keepLevels(1, {77});
         session.startGame(1, QStringLiteral("x"));
-        cues().clear();
-        checkScreen();
+        played().clear();
+        QCOMPARE(screenFault(), QString());
 
         clickIgnored(Qt::LeftButton, {0, 277});   // row -1, just above the lower board
         clickIgnored(Qt::LeftButton, {0, 0});     // upper board
@@ -561,11 +318,11 @@ private slots:
 
         const QPoint topLeft(0, 278);
         click(Qt::LeftButton, topLeft);
-        QCOMPARE(cues(), QStringList{k010});
+        QCOMPARE(played(), cues("010"));
         QCOMPARE(fond().tiles.iCoup1, 0);
         QCOMPARE(fond().tiles.tabCoups1[0], 0);
         QCOMPARE(fond().tiles.tabJeu1[0][0], 1);
-        checkScreen();
+        QCOMPARE(screenFault(), QString());
 
         clickIgnored(Qt::LeftButton, topLeft);   // the tile just placed
         clickIgnored(Qt::LeftButton, {53, 331}); // its last pixel
@@ -583,10 +340,9 @@ private slots:
         QCOMPARE(fond().tiles.tabJeu1[0][0], 3);
         QCOMPARE(fond().tiles.tabJeu1[2][0], TileBoard::kSocle);
         QCOMPARE(fond().tiles.iCoup1, 4);
-        QCOMPARE(cues(), times(5, k010));
-        QCOMPARE(gNiveau, 0);
-        QVERIFY(fond().myTimer.isActive());
-        checkScreen();
+        QCOMPARE(played(), cues("010x5"));
+        verifyPlaying(fond(), 1, 0, QString());
+        QCOMPARE(screenFault(), QString());
     }
 
     // Level 0 placed top to bottom fills every socket without the target: nothing happens until the
@@ -597,7 +353,7 @@ private slots:
         session.startGame(1, QStringLiteral("x"));
         const QImage fresh = fond().pctEcran1->image;
         const TileBoard start = fond().tiles;
-        cues().clear();
+        played().clear();
 
         clickIgnored(Qt::RightButton, upperPoint({3, 0}));
         clickIgnored(Qt::RightButton, lowerPoint({3, 0}));
@@ -612,20 +368,17 @@ private slots:
         QCOMPARE(gNiveau, 0);
         QCOMPARE(gTempsTotal, 0.0);
         QVERIFY(!gASauver);
-        QCOMPARE(cues(), times(5, k010));
-        cues().clear();
+        QCOMPARE(played(), cues("010x5"));
+        played().clear();
 
         const QPoint anywhere[5] = {upperPoint({3, 1}), {200, 274}, lowerPoint({0, 0}), lowerPoint({3, 2}), {431, 547}};
         for (int i = 0; i < 5; ++i) {
             click(Qt::RightButton, anywhere[i]);
-            QCOMPARE(cues(), times(i + 1, k007));
+            QCOMPARE(played(), QStringList(i + 1, QStringLiteral("marel007.wav")));
             QVERIFY(sameTiles(fond().tiles, before[4 - i]));
-            QCOMPARE(gNiveau, 0);
-            QCOMPARE(gJeu, 1);
+            verifyPlaying(fond(), 1, 0, QString());
             QVERIFY(!gASauver);
-            QVERIFY(fond().isEnabled());
-            QVERIFY(fond().myTimer.isActive());
-            checkScreen();
+            QCOMPARE(screenFault(), QString());
         }
         QVERIFY(sameTiles(fond().tiles, start));
         QVERIFY(fond().pctEcran1->image == fresh);
@@ -633,12 +386,11 @@ private slots:
 
         // The way on: the right order, with the middle button, wins the level (in no time, which
         // takes the first row of the best times, hence marel001).
-        cues().clear();
-        for (const Cell &c : kLevel0) click(Qt::MiddleButton, lowerPoint(c));
-        QCOMPARE(cues(), (times(5, k010) + QStringList{k001, k002}));
-        QCOMPARE(gNiveau, 1);
-        QCOMPARE(fond().labNiveau->text(), QStringLiteral("001"));
-        checkScreen();
+        played().clear();
+        for (const Cell &c : kSolutions[0]) click(Qt::MiddleButton, lowerPoint(c));
+        QCOMPARE(played(), cues("010x5 001 002"));
+        verifyPlaying(fond(), 1, 1, QString());
+        QCOMPARE(screenFault(), QString());
     }
 };
 
