@@ -152,15 +152,20 @@ void frmFond::abandonOrReplay()
         myTimer.start();
         labTemps->show();
     } else if (reponse == QLatin1String("Abandonner")) {
-        SauvePartie();
-        labNiveau->hide();
-        labTemps->hide();
-        gASauver = false;
-        gNomPartie.clear();
-        gNiveau = 0;
-        AfficheMenu(0);
-        gJeu = 0;
+        leaveGame();
     }
+}
+
+void frmFond::leaveGame()
+{
+    SauvePartie();
+    labNiveau->hide();
+    labTemps->hide();
+    gASauver = false;
+    gNomPartie.clear();
+    gNiveau = 0;
+    AfficheMenu(0);
+    gJeu = 0;
 }
 
 void frmFond::showBestTimes()
@@ -221,14 +226,7 @@ void frmFond::closeGame(int32_t jeu)
                     + QStringLiteral("les ") + QString::number(gNbNiveaux) + QStringLiteral(" niveaux du jeu ")
                     + QString::number(jeu),
                 QStringLiteral("Fermer"), QString(), QString(), false, QString());
-    SauvePartie();
-    labNiveau->hide();
-    labTemps->hide();
-    gASauver = false;
-    gNomPartie.clear();
-    gNiveau = 0;
-    AfficheMenu(0);
-    gJeu = 0;
+    leaveGame();
     QCoreApplication::processEvents();
     setEnabled(true);
 }

@@ -59,6 +59,8 @@ public:
     bool wonLevel(bool solved);
     void nextLevel(int32_t jeu, double secondes);
     void closeGame(int32_t jeu);
+    // A game left, abandoned or finished: the offer to save, then back to no game.
+    void leaveGame();
     // A game's own screen, preparation and level set-up, by game number.
     Surface *screenOf(int32_t jeu) const;
     void prepareScreenOf(int32_t jeu);
