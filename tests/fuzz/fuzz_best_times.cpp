@@ -15,8 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         if (line.size() != 31) std::abort();
         const QList<BestRow> again = readBestRows(line);
         if (again.size() != 1) std::abort();
-        const bool plainName = !line.mid(1, 27).contains('"') && !line.mid(1, 27).contains('\r')
-                            && !line.mid(1, 27).contains('\n');
+        const bool plainName =
+            !line.mid(1, 27).contains('"') && !line.mid(1, 27).contains('\r') && !line.mid(1, 27).contains('\n');
         if (plainName && bestLine(again[0]) != line) std::abort();
     }
     return 0;

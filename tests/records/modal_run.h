@@ -23,7 +23,8 @@ inline std::unique_ptr<frmFond> startedWindow()
 
 // Shows the dialog modally and lets the player act on it. True when the player's acts ended the modal
 // display; a dialog still up afterwards is hidden here, so that a failed check cannot hang the test.
-template <class Dialog> bool execWith(Dialog *dialog, std::function<void(Dialog *)> player)
+template <class Dialog>
+bool execWith(Dialog *dialog, std::function<void(Dialog *)> player)
 {
     bool leftOpen = false;
     whenModal([&leftOpen, player](QWidget *shown) {

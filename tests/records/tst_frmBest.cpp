@@ -10,41 +10,61 @@
 
 namespace {
 
-const QString kDots = QStringLiteral("................");
+const QStringList kNoms = {"ALPHA", "BETA", "GAMMA", "DELTA", "", "ZOE", "WWWWWWWWWWWWWWWW", "MARC", "LEA"};
+const QStringList kScores = {
+    "niveau 011 en 1h 02min 05s ", "niveau 012 en 1h 18min 45s ", "niveau 013 en 1h 35min 25s ",
+    "niveau 021 en 1h 52min 05s ", "niveau 022 en 2h 08min 45s ", "niveau 023 en 2h 25min 25s ",
+    "niveau 031 en 2h 42min 05s ", "niveau 032 en 2h 58min 45s ", "niveau 033 en 3h 15min 25s "};
+const QStringList kClick = {QStringLiteral("marel009.wav")};
 
 // Fills the three tables with distinct rows: game g, row r has level 10g + r and a time of its own.
 void fillTables()
 {
-    const char *names[9] = {"ALPHA", "BETA", "GAMMA", "DELTA", "", "ZOE", "WWWWWWWWWWWWWWWW", "MARC", "LEA"};
     for (int i = 0; i < 9; ++i) {
         const BestTable table = bestTable(i / 3 + 1);
         const int row = i % 3 + 1;
         table.niveaux[row] = 10 * (i / 3 + 1) + row;
         table.temps[row] = 3725 + 1000 * i;
-        table.noms[row] = QString::fromLatin1(names[i]);
+        table.noms[row] = kNoms[i];
     }
 }
 
-struct Shown {
-    QStringList noms, scores;
-};
-
-// Opens the screen as play control does, reads its rows and closes it by its plate.
-Shown openAndClose()
+// The nine names, then the nine scores.
+QStringList texts(const frmBest *best)
 {
-    Shown shown;
+    QStringList noms, scores;
+    for (int i = 0; i < 9; ++i) {
+        noms << best->labNom[i]->text();
+        scores << best->labScore[i]->text();
+    }
+    return noms + scores;
+}
+
+// Opens the screen as play control does, lets the player act on it, and fails unless that closed it.
+void run(std::function<void(frmBest *)> player)
+{
     auto *best = new frmBest(mainWindow());
     best->Form_Load();
-    const bool closed = execWith<frmBest>(best, [&shown](frmBest *b) {
-        for (int i = 0; i < 9; ++i) {
-            shown.noms << b->labNom[i]->text();
-            shown.scores << b->labScore[i]->text();
-        }
+    const bool closed = execWith<frmBest>(best, player);
+    delete best;
+    if (!closed) QTest::qFail("the screen stayed up", __FILE__, __LINE__);
+}
+
+// Opens the screen, reads its rows and closes it by its plate.
+QStringList openAndClose()
+{
+    QStringList shown;
+    run([&shown](frmBest *b) {
+        shown = texts(b);
         QTest::mouseClick(b->Image1, Qt::LeftButton);
     });
-    delete best;
-    if (!closed) QTest::qFail("the plate did not close the screen", __FILE__, __LINE__);
     return shown;
+}
+
+QByteArray storedBytes()
+{
+    QFile file(gCheminData + gFichierBest);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -85,7 +105,7 @@ private slots:
         QCOMPARE(frmBest::FormatTemps(t), text);
     }
 
-    void nineRowsShowTheTablesInPlace()
+    void nineRowsSitInPlace()
     {
         fillTables();
         frmBest best(mainWindow());
@@ -93,31 +113,18 @@ private slots:
         QCOMPARE(best.windowTitle(), QStringLiteral("Scores"));
         QCOMPARE(best.size(), QSize(400, 540));
         QVERIFY(best.windowFlags() & Qt::FramelessWindowHint);
-
         const int nomTops[9] = {24, 78, 127, 184, 238, 287, 344, 398, 447};
         const int scoreTops[9] = {44, 97, 147, 204, 257, 307, 364, 417, 467};
         for (int i = 0; i < 9; ++i) {
-            QCOMPARE(best.labNom[i]->geometry(), QRect(26, nomTops[i], 348, 20));
-            QCOMPARE(best.labScore[i]->geometry(), QRect(100, scoreTops[i], 200, 20));
-            QVERIFY(best.labNom[i]->font().bold());
-            QCOMPARE(best.labNom[i]->font().pixelSize(), 15);
-            QVERIFY(!best.labScore[i]->font().bold());
-            QCOMPARE(best.labScore[i]->font().pixelSize(), 13);
-            QVERIFY(best.labNom[i]->alignment() & Qt::AlignHCenter);
-            QVERIFY(best.labScore[i]->alignment() & Qt::AlignHCenter);
-        }
-        const QStringList noms = {"ALPHA", "BETA", "GAMMA", "DELTA", "", "ZOE", "WWWWWWWWWWWWWWWW", "MARC", "LEA"};
-        const QStringList scores = {
-            "niveau 011 en 1h 02min 05s ", "niveau 012 en 1h 18min 45s ", "niveau 013 en 1h 35min 25s ",
-            "niveau 021 en 1h 52min 05s ", "niveau 022 en 2h 08min 45s ", "niveau 023 en 2h 25min 25s ",
-            "niveau 031 en 2h 42min 05s ", "niveau 032 en 2h 58min 45s ", "niveau 033 en 3h 15min 25s "};
-        for (int i = 0; i < 9; ++i) {
-            QCOMPARE(best.labNom[i]->text(), noms[i]);
-            QCOMPARE(best.labScore[i]->text(), scores[i]);
+            const QLabel *nom = best.labNom[i], *score = best.labScore[i];
+            QCOMPARE(nom->geometry(), QRect(26, nomTops[i], 348, 20));
+            QCOMPARE(score->geometry(), QRect(100, scoreTops[i], 200, 20));
+            QCOMPARE((std::pair{nom->font().bold(), nom->font().pixelSize()}), (std::pair{true, 15}));
+            QCOMPARE((std::pair{score->font().bold(), score->font().pixelSize()}), (std::pair{false, 13}));
+            QVERIFY(nom->alignment() & score->alignment() & Qt::AlignHCenter);
         }
         // The longest name of wide letters stays inside its label.
-        QVERIFY(best.labNom[6]->fontMetrics().horizontalAdvance(noms[6]) <= best.labNom[6]->width());
-
+        QVERIFY(best.labNom[6]->fontMetrics().horizontalAdvance(kNoms[6]) <= best.labNom[6]->width());
         QCOMPARE(best.Image1->geometry(), QRect(110, 505, 179, 30));
         QCOMPARE(best.Image1->cursor().shape(), Qt::BitmapCursor);
     }
@@ -130,21 +137,17 @@ private slots:
         gBestTemps2[2] = 61;
         frmBest best(mainWindow());
         best.Form_Load();
-        for (int i = 0; i < 9; ++i) {
-            if (i == 4) continue;
-            QCOMPARE(best.labNom[i]->text(), kDots);
-            QCOMPARE(best.labScore[i]->text(), QStringLiteral("niveau 000 en 0h 00min 00s "));
-        }
-        QCOMPARE(best.labNom[4]->text(), QString());
-        QCOMPARE(best.labScore[4]->text(), QStringLiteral("niveau 005 en 0h 01min 01s "));
+        QStringList noms(9, QStringLiteral("................")),
+            scores(9, QStringLiteral("niveau 000 en 0h 00min 00s "));
+        noms[4] = QString();
+        scores[4] = QStringLiteral("niveau 005 en 0h 01min 01s ");
+        QCOMPARE(texts(&best), noms + scores);
     }
 
-    void thePlateClosesWithItsCueAndNothingElseDoes()
+    // Neither keys nor a click beside the plate close the screen; the plate and a close request do, with a cue.
+    void thePlateOrACloseRequestClosesWithItsCue()
     {
-        fillTables();
-        auto *best = new frmBest(mainWindow());
-        best->Form_Load();
-        const bool closed = execWith<frmBest>(best, [this](frmBest *b) {
+        run([this](frmBest *b) {
             QCOMPARE(b->geometry().center(), fond->geometry().center());
             QTest::keyClick(b, Qt::Key_Escape);
             QTest::keyClick(b, Qt::Key_Return);
@@ -153,40 +156,19 @@ private slots:
             QVERIFY(fond->tambour.played.isEmpty());
             QTest::mouseClick(b->Image1, Qt::LeftButton);
         });
-        delete best;
-        QVERIFY(closed);
-        QCOMPARE(fond->tambour.played, QStringList({"marel009.wav"}));
+        run([](frmBest *b) { b->close(); });
+        QCOMPARE(fond->tambour.played, kClick + kClick);
     }
 
-    void aCloseRequestActsAsThePlate()
-    {
-        auto *best = new frmBest(mainWindow());
-        best->Form_Load();
-        const bool closed = execWith<frmBest>(best, [](frmBest *b) { b->close(); });
-        delete best;
-        QVERIFY(closed);
-        QCOMPARE(fond->tambour.played, QStringList({"marel009.wav"}));
-    }
-
-    void openingTwiceShowsTheSameAndChangesNothing()
+    void openingTwiceShowsTheTablesAndChangesNothing()
     {
         fillTables();
         QVERIFY(EcritBest());
-        QFile file(gCheminData + gFichierBest);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray before = file.readAll();
-        file.close();
-        QCOMPARE(before.size(), 279);
-
-        const Shown first = openAndClose();
-        const Shown second = openAndClose();
-        QCOMPARE(first.noms.size(), 9);
-        QCOMPARE(second.noms, first.noms);
-        QCOMPARE(second.scores, first.scores);
-        QCOMPARE(fond->tambour.played, QStringList({"marel009.wav", "marel009.wav"}));
-
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), before);
+        const QByteArray before = storedBytes();
+        QCOMPARE(openAndClose(), kNoms + kScores);
+        QCOMPARE(openAndClose(), kNoms + kScores);
+        QCOMPARE(fond->tambour.played, kClick + kClick);
+        QCOMPARE(storedBytes(), before);
         QCOMPARE(gBestNom3[1], QStringLiteral("WWWWWWWWWWWWWWWW"));
         QCOMPARE(gBestNiveau2[3], 23);
         QCOMPARE(gBestTemps1[2], 4725.0);

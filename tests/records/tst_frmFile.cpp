@@ -9,6 +9,8 @@
 
 namespace {
 
+const QString kClick = QStringLiteral("marel009.wav");
+
 // "JOUEUR00" to "JOUEUR<count - 1>", in the list's order.
 QStringList numbered(int count)
 {
@@ -28,23 +30,22 @@ QStringList captions(const frmFile *f)
 QStringList view(const QStringList &names, int first)
 {
     QStringList shown;
-    for (int i = first; i < first + 5; ++i) shown << (i < names.size() ? names[i] : QString());
+    for (int i = first; i < first + 5; ++i) shown << names.value(i);
     return shown;
 }
 
-// Whether the label shows the grey of the mark, looked at where its text never reaches.
-bool looksMarked(frmFile *f, int index)
+// The labels that show the grey of the mark, looked at where their text never reaches.
+QList<int> marked(frmFile *f)
 {
-    const QPoint corner = f->labF[index]->geometry().topLeft() + QPoint(2, 2);
-    return f->grab(QRect(corner, QSize(1, 1))).toImage().pixelColor(0, 0) == QColor(128, 128, 128);
+    QList<int> found;
+    for (int i = 0; i < 5; ++i) {
+        const QPoint corner = f->labF[i]->geometry().topLeft() + QPoint(2, 2);
+        if (f->grab(QRect(corner, QSize(1, 1))).toImage().pixelColor(0, 0) == QColor(128, 128, 128)) found << i;
+    }
+    return found;
 }
 
-int markedCount(frmFile *f)
-{
-    int count = 0;
-    for (int i = 0; i < 5; ++i) count += looksMarked(f, i);
-    return count;
-}
+void click(QWidget *w) { QTest::mouseClick(w, Qt::LeftButton); }
 
 } // namespace
 
@@ -66,9 +67,10 @@ class TestFrmFile : public QObject {
         QCOMPARE(fond->filList.ListCount(), names.size());
     }
 
-    // The chooser loaded and shown without its modal loop, for clicks whose effect is looked at.
-    std::unique_ptr<frmFile> shownChooser()
+    // The chooser over these names, loaded and shown without its modal loop, with no cue heard yet.
+    std::unique_ptr<frmFile> shownChooser(const QStringList &names)
     {
+        saveGames(names);
         auto f = std::make_unique<frmFile>(mainWindow());
         f->Form_Load();
         f->show();
@@ -77,29 +79,18 @@ class TestFrmFile : public QObject {
         return f;
     }
 
-    // Clicks one arrow again and again; gives the first index after each click, checking the view.
-    static QList<int> scroll(frmFile *f, int arrow, int times, const QStringList &names)
+    // Runs the chooser over these names as play control does and gives its answer, failing when the
+    // player's clicks did not end it.
+    QString choose(const QStringList &names, std::function<void(frmFile *)> player)
     {
-        QList<int> firsts;
-        for (int n = 0; n < times; ++n) {
-            QTest::mouseClick(f->imgScroll[arrow], Qt::LeftButton);
-            firsts << f->mPremier;
-            if (captions(f) != view(names, f->mPremier)) QTest::qFail("view out of step", __FILE__, __LINE__);
-        }
-        return firsts;
-    }
-
-    // Runs the chooser as play control does and gives its answer; `closed` tells whether the player's
-    // clicks ended it.
-    QString choose(std::function<void(frmFile *)> player, bool *closed = nullptr)
-    {
+        saveGames(names);
         auto *f = new frmFile(mainWindow());
         f->Form_Load();
         JoueSon(QStringLiteral("marel008.wav"));
         const bool ended = execWith<frmFile>(f, player);
         const QString answer = f->Tag;
         delete f;
-        if (closed) *closed = ended;
+        if (!ended) QTest::qFail("the chooser stayed up", __FILE__, __LINE__);
         return answer;
     }
 
@@ -119,209 +110,133 @@ private slots:
 
     void opensOnTheFirstFiveNamesInPlace()
     {
-        saveGames(numbered(8));
-        auto f = shownChooser();
+        auto f = shownChooser(numbered(8));
         QVERIFY(f);
         QCOMPARE(f->windowTitle(), QStringLiteral("Selecteur fichier"));
         QCOMPARE(f->size(), QSize(300, 300));
         QCOMPARE(f->geometry().center(), fond->geometry().center());
         QCOMPARE(f->labMess->text(), QStringLiteral("Choisissez votre fichier :"));
-        QCOMPARE(f->labMess->geometry(), QRect(33, 30, 238, 20));
         QCOMPARE(captions(f.get()), view(numbered(8), 0));
-        QCOMPARE(f->mPremier, 0);
-        QCOMPARE(f->mChoix, -1);
-        QCOMPARE(f->mDernier, 7);
-        QCOMPARE(markedCount(f.get()), 0);
+        QCOMPARE((QList<int>{f->mPremier, f->mChoix, f->mDernier}), (QList<int>{0, -1, 7}));
+        QVERIFY(marked(f.get()).isEmpty());
         for (int i = 0; i < 5; ++i) {
             QCOMPARE(f->labF[i]->geometry(), QRect(22, 58 + 22 * i, 230, 20));
             QCOMPARE(f->labF[i]->font().pixelSize(), 16);
             QCOMPARE(f->labF[i]->cursor().shape(), Qt::BitmapCursor);
             QCOMPARE(f->labF[i]->palette().color(QPalette::WindowText), f->palette().color(QPalette::WindowText));
         }
-        QCOMPARE(f->imgScroll[0]->geometry(), QRect(255, 59, 20, 51));
-        QCOMPARE(f->imgScroll[1]->geometry(), QRect(255, 111, 20, 51));
+        for (const auto &[w, place] : {std::pair<QWidget *, QRect>{f->labMess, {33, 30, 238, 20}},
+                                       {f->imgScroll[0], {255, 59, 20, 51}},
+                                       {f->imgScroll[1], {255, 111, 20, 51}},
+                                       {f->reponse[1], {100, 223, 180, 27}}})
+            QCOMPARE(w->geometry(), place);
         QCOMPARE(f->imgScroll[1]->cursor().shape(), Qt::ArrowCursor);
         QCOMPARE(f->reponse[0]->text(), QStringLiteral("Charger"));
         QCOMPARE(f->reponse[1]->text(), QStringLiteral("Annuler"));
-        QCOMPARE(f->reponse[1]->geometry(), QRect(100, 223, 180, 27));
         QCOMPARE(f->reponse[0]->font().pixelSize(), 19);
         QCOMPARE(f->reponse[0]->cursor().shape(), Qt::BitmapCursor);
         QVERIFY(fond->tambour.played.isEmpty());
     }
 
-    void twentyNamesScrollByFoursAndUpJumpsToTheTop()
-    {
-        const QStringList names = numbered(20);
-        saveGames(names);
-        auto f = shownChooser();
-        QVERIFY(f);
-        QCOMPARE(f->mPremier, 0);
-        QCOMPARE(scroll(f.get(), 1, 5, names), QList<int>({4, 8, 12, 15, 15}));
-        QCOMPARE(scroll(f.get(), 0, 3, names), QList<int>({11, 7, 0}));
-        QCOMPARE(fond->tambour.played, QStringList(8, QStringLiteral("marel009.wav")));
-    }
-
-    void elevenNamesStopWithTheLastFiveInView()
-    {
-        const QStringList names = numbered(11);
-        saveGames(names);
-        auto f = shownChooser();
-        QVERIFY(f);
-        QCOMPARE(scroll(f.get(), 1, 3, names), QList<int>({4, 6, 6}));
-        QCOMPARE(scroll(f.get(), 0, 1, names), QList<int>({0}));
-    }
-
-    void fiveNamesOrFewerNeverMove_data()
+    // Down clicks, then up clicks: the first index after each, the view always in step, a cue each.
+    void scrollSequences_data()
     {
         QTest::addColumn<int>("count");
-        QTest::newRow("five") << 5;
-        QTest::newRow("three") << 3;
-        QTest::newRow("one") << 1;
+        QTest::addColumn<QList<int>>("downs");
+        QTest::addColumn<QList<int>>("ups");
+        QTest::newRow("twenty: by fours, up jumps to the top")
+            << 20 << QList<int>{4, 8, 12, 15, 15} << QList<int>{11, 7, 0};
+        QTest::newRow("eleven: stops on the last five") << 11 << QList<int>{4, 6, 6} << QList<int>{0};
+        for (int count : {5, 3, 1})
+            QTest::newRow(qPrintable(QStringLiteral("%1: never moves").arg(count)))
+                << count << QList<int>{0, 0} << QList<int>{0};
     }
-    void fiveNamesOrFewerNeverMove()
+    void scrollSequences()
     {
         QFETCH(int, count);
+        QFETCH(QList<int>, downs);
+        QFETCH(QList<int>, ups);
         const QStringList names = numbered(count);
-        saveGames(names);
-        auto f = shownChooser();
+        auto f = shownChooser(names);
         QVERIFY(f);
-        QCOMPARE(scroll(f.get(), 1, 2, names), QList<int>({0, 0}));
-        QCOMPARE(scroll(f.get(), 0, 1, names), QList<int>({0}));
-        QCOMPARE(fond->tambour.played.size(), 3);
+        for (const auto &[arrow, firsts] : {std::pair{1, downs}, std::pair{0, ups}})
+            for (int first : firsts) {
+                click(f->imgScroll[arrow]);
+                QCOMPARE(f->mPremier, first);
+                QCOMPARE(captions(f.get()), view(names, first));
+            }
+        QCOMPARE(fond->tambour.played, QStringList(downs.size() + ups.size(), kClick));
     }
 
-    void aClickMarksOneNameAndScrollingDropsTheMark()
+    void aClickMarksOneFilledNameAndScrollingDropsTheMark()
     {
-        saveGames(numbered(3));
-        auto f = shownChooser();
+        auto f = shownChooser(numbered(3));
         QVERIFY(f);
-        QTest::mouseClick(f->labF[1], Qt::LeftButton);
-        QCOMPARE(f->mChoix, 1);
-        QVERIFY(looksMarked(f.get(), 1));
-        QCOMPARE(markedCount(f.get()), 1);
-        QTest::mouseClick(f->labF[2], Qt::LeftButton);
+        for (int label : {1, 2}) {
+            click(f->labF[label]);
+            QCOMPARE(f->mChoix, label);
+            QCOMPARE(marked(f.get()), QList<int>{label});
+        }
+        // Empty labels take no click and make no sound.
+        click(f->labF[3]);
+        click(f->labF[4]);
         QCOMPARE(f->mChoix, 2);
-        QVERIFY(looksMarked(f.get(), 2));
-        QCOMPARE(markedCount(f.get()), 1);
+        QCOMPARE(marked(f.get()), QList<int>{2});
         QCOMPARE(fond->tambour.played.size(), 2);
-
         // The view does not move, yet the mark goes.
-        QTest::mouseClick(f->imgScroll[1], Qt::LeftButton);
+        click(f->imgScroll[1]);
         QCOMPARE(f->mPremier, 0);
         QCOMPARE(f->mChoix, -1);
-        QCOMPARE(markedCount(f.get()), 0);
+        QVERIFY(marked(f.get()).isEmpty());
         QCOMPARE(fond->tambour.played.size(), 3);
     }
 
-    void emptyLabelsTakeNoClickAndMakeNoSound()
+    // The player's acts, by word: "L<n>" clicks label n, "down" and "up" the arrows, "charger" and
+    // "annuler" the buttons, "esc" and "ret" the keys, "close" asks the window to close. The chooser
+    // must stay up until the last act, and each act that does something is heard.
+    void answers_data()
     {
-        saveGames(numbered(3));
-        auto f = shownChooser();
-        QVERIFY(f);
-        QTest::mouseClick(f->labF[0], Qt::LeftButton);
-        fond->tambour.played.clear();
-        QTest::mouseClick(f->labF[3], Qt::LeftButton);
-        QTest::mouseClick(f->labF[4], Qt::LeftButton);
-        QCOMPARE(f->mChoix, 0);
-        QVERIFY(looksMarked(f.get(), 0));
-        QCOMPARE(markedCount(f.get()), 1);
-        QVERIFY(fond->tambour.played.isEmpty());
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<QString>("acts");
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<int>("clicks");
+        QTest::newRow("Charger waits for a mark") << numbered(8) << "charger esc ret L2 charger"
+                                                  << "JOUEUR02" << 3;
+        QTest::newRow("a name marked after scrolling") << numbered(20) << "L0 down down L3 charger"
+                                                       << "JOUEUR11" << 5;
+        QTest::newRow("Annuler answers nothing") << numbered(4) << "L3 annuler"
+                                                 << "" << 2;
+        QTest::newRow("a close request answers nothing") << numbered(4) << "L3 close"
+                                                         << "" << 1;
+        QTest::newRow("a bare extension takes a row but cannot be picked")
+            << QStringList{"", "ALAIN", "BRUNO"} << "L0 charger L1 charger"
+            << "ALAIN" << 3;
     }
-
-    void chargerWaitsForAMark()
+    void answers()
     {
-        saveGames(numbered(8));
-        bool closed = false;
-        const QString answer = choose(
-            [this](frmFile *f) {
-                QTest::mouseClick(f->reponse[0], Qt::LeftButton);
-                QVERIFY(f->isVisible());
-                QCOMPARE(fond->tambour.played, QStringList({"marel008.wav", "marel009.wav"}));
-                QTest::keyClick(f, Qt::Key_Escape);
-                QTest::keyClick(f, Qt::Key_Return);
-                QVERIFY(f->isVisible());
-                QTest::mouseClick(f->labF[2], Qt::LeftButton);
-                QTest::mouseClick(f->reponse[0], Qt::LeftButton);
-            },
-            &closed);
-        QVERIFY(closed);
-        QCOMPARE(answer, QStringLiteral("JOUEUR02"));
-        QCOMPARE(fond->tambour.played, QStringList({"marel008.wav", "marel009.wav", "marel009.wav", "marel009.wav"}));
-    }
-
-    void aNameMarkedAfterScrollingIsTheOneAnswered()
-    {
-        saveGames(numbered(20));
-        bool closed = false;
-        const QString answer = choose(
-            [](frmFile *f) {
-                QTest::mouseClick(f->labF[0], Qt::LeftButton);
-                QTest::mouseClick(f->imgScroll[1], Qt::LeftButton);
-                QTest::mouseClick(f->imgScroll[1], Qt::LeftButton);
-                QTest::mouseClick(f->labF[3], Qt::LeftButton);
-                QCOMPARE(f->mChoix, 11);
-                QTest::mouseClick(f->reponse[0], Qt::LeftButton);
-            },
-            &closed);
-        QVERIFY(closed);
-        QCOMPARE(answer, QStringLiteral("JOUEUR11"));
-    }
-
-    void annulerAnswersNothing()
-    {
-        saveGames(numbered(4));
-        bool closed = false;
-        const QString answer = choose(
-            [](frmFile *f) {
-                QTest::mouseClick(f->labF[3], Qt::LeftButton);
-                QTest::mouseClick(f->reponse[1], Qt::LeftButton);
-            },
-            &closed);
-        QVERIFY(closed);
-        QCOMPARE(answer, QString());
-        QCOMPARE(fond->tambour.played.last(), QStringLiteral("marel009.wav"));
-    }
-
-    void aCloseRequestAnswersNothing()
-    {
-        saveGames(numbered(4));
-        bool closed = false;
-        const QString answer = choose(
-            [](frmFile *f) {
-                QTest::mouseClick(f->labF[3], Qt::LeftButton);
-                f->close();
-            },
-            &closed);
-        QVERIFY(closed);
-        QCOMPARE(answer, QString());
-    }
-
-    void aBareExtensionTakesARowButCannotBePicked()
-    {
-        saveGames({QString(), QStringLiteral("ALAIN"), QStringLiteral("BRUNO")});
-        bool closed = false;
-        const QString answer = choose(
-            [this](frmFile *f) {
-                QCOMPARE(captions(f), QStringList({"", "ALAIN", "BRUNO", "", ""}));
-                fond->tambour.played.clear();
-                QTest::mouseClick(f->labF[0], Qt::LeftButton);
-                QCOMPARE(f->mChoix, -1);
-                QVERIFY(fond->tambour.played.isEmpty());
-                QTest::mouseClick(f->labF[1], Qt::LeftButton);
-                QTest::mouseClick(f->reponse[0], Qt::LeftButton);
-            },
-            &closed);
-        QVERIFY(closed);
-        QCOMPARE(answer, QStringLiteral("ALAIN"));
+        QFETCH(QStringList, names);
+        QFETCH(QString, acts);
+        QFETCH(QString, answer);
+        QFETCH(int, clicks);
+        const QString got = choose(names, [&](frmFile *f) {
+            QCOMPARE(captions(f), view(names, 0));
+            for (const QString &act : acts.split(u' ')) {
+                QVERIFY2(f->isVisible(), qPrintable("closed before " + act));
+                if (act.startsWith(u'L')) click(f->labF[act.mid(1).toInt()]);
+                if (act == "down" || act == "up") click(f->imgScroll[act == "down"]);
+                if (act == "charger" || act == "annuler") click(f->reponse[act == "annuler"]);
+                if (act == "esc" || act == "ret") QTest::keyClick(f, act == "esc" ? Qt::Key_Escape : Qt::Key_Return);
+                if (act == "close") f->close();
+            }
+        });
+        QCOMPARE(got, answer);
+        QCOMPARE(fond->tambour.played, QStringList{"marel008.wav"} + QStringList(clicks, kClick));
     }
 
     void sixteenWideLettersFitTheLastLabel()
     {
         const QString wide(16, QLatin1Char('M'));
-        QStringList names = numbered(4);
-        names << wide;
-        saveGames(names);
-        auto f = shownChooser();
+        auto f = shownChooser(numbered(4) << wide);
         QVERIFY(f);
         QCOMPARE(f->labF[4]->text(), wide);
         QVERIFY(f->labF[4]->fontMetrics().horizontalAdvance(wide) <= f->labF[4]->width());

@@ -3,10 +3,10 @@
 
 #include <QStringList>
 
-inline QStringList cues(const char *numbers)
+inline QStringList cues(const QString &numbers)
 {
     QStringList names;
-    for (const QString &token : QString::fromLatin1(numbers).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    for (const QString &token : numbers.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
         const QStringList parts = token.split(QLatin1Char('x'));
         names +=
             QStringList(parts.size() > 1 ? parts.at(1).toInt() : 1, QStringLiteral("marel%1.wav").arg(parts.at(0)));

@@ -2,6 +2,7 @@
 // dialogs answered by clicks on their labels.
 #pragma once
 
+#include "file_bytes.h"
 #include "frmFond.h"
 #include "frmMess.h"
 #include "level_store.h"
@@ -47,7 +48,7 @@ struct PlaySession {
     }
 
     // Keeps only the given levels, in this order, in the store of a game.
-    static void keepLevels(int game, std::initializer_list<int> levels)
+    static void keepLevels(int game, const QList<int> &levels)
     {
         QByteArray &store = game == 1 ? gNiveaux1 : game == 2 ? gNiveaux2 : gNiveaux3;
         const int size = bytesPerLevel(game);
@@ -119,13 +120,28 @@ struct PlaySession {
         QTest::mouseRelease(screen, button, {}, at);
     }
 
+    // Starts a game from its button on the given levels only; the cues of the start are forgotten.
+    void startOn(int game, const QList<int> &levels, const QString &player = QStringLiteral("anne"))
+    {
+        keepLevels(game, levels);
+        startGame(game, player);
+        QCOMPARE(gJeu, game);
+        played().clear();
+    }
+
     // The folder where the program keeps its files, under the session's own data folder, and what it holds.
     QString dataFolder() const { return home->path() + QStringLiteral("/cerscore/marel32b/"); }
-    QStringList dataFiles() const
+    QStringList dataFiles() const { return entriesOf(dataFolder()); }
+    static QStringList entriesOf(const QString &folder)
     {
-        return QDir(dataFolder())
-            .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System, QDir::Name);
+        return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System,
+                                      QDir::Name);
     }
+    QByteArray dataFile(const QString &name) const { return readAll(dataFolder() + name); }
+    QByteArray bestTimes() const { return dataFile(QStringLiteral("mlbestTime.dat")); }
+
+    // The cues the program has played so far.
+    QStringList &played() { return fond->tambour.played; }
 
     // A clock that ticks only when told: seconds of play are then counted by the test.
     void stopClock() { fond->myTimer.setInterval(std::numeric_limits<int>::max()); }

@@ -5,14 +5,8 @@
 // The clock never ticks on its own here: the tests count the seconds themselves.
 #include "best_times_bytes.h"
 #include "board_oracle.h"
-#include "cue_names.h"
-#include "dialog_log.h"
-#include "file_bytes.h"
-#include "first_moment.h"
-#include "play_session.h"
-#include "window_states.h"
+#include "game_steps.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace {
@@ -36,38 +30,18 @@ QPoint upperPoint(Cell c) { return {kCell * c.x + kCell / 2, kCell * c.y + kCell
 QPoint lowerPoint(Cell c) { return {kCell * c.x + kCell / 2, kLowerTop + kCell * c.y + kCell / 2}; }
 QRect sheetCell(int index) { return {index * kCell, 0, kCell, kCell}; }
 
-bool showsWonArt(const frmFond &fond)
-{
-    const QImage won = fond.pctPion1->image.copy(sheetCell(kSheetWon));
-    for (int y = 0; y < 5; ++y)
-        for (int x = 0; x < 8; ++x)
-            if (fond.tiles.tabCible1[x][y] > 0 && fond.pctEcran1->image.copy(kCell * x, kCell * y, kCell, kCell) != won)
-                return false;
-    return true;
-}
-
-bool sameTiles(const TileBoard &a, const TileBoard &b)
-{
-    return std::equal(&a.tabCible1[0][0], &a.tabCible1[0][0] + 9 * 6, &b.tabCible1[0][0])
-           && std::equal(&a.tabJeu1[0][0], &a.tabJeu1[0][0] + 9 * 6, &b.tabJeu1[0][0])
-           && std::equal(a.tabCoups1, a.tabCoups1 + 51, b.tabCoups1) && a.iCoup1 == b.iCoup1;
-}
-
 enum class Upper { Targets, Won };
 
-// A whole game of two levels: the levels kept, the name typed and as the program takes it, the
-// placements after which the clock ticks on each level, the best-times rows the two wins leave (the
-// first empty when it earns none), the name typed at the offer to save, and what the data folder
-// then holds.
+// A whole game of two levels: the levels kept, the name typed and as the program takes it, for each
+// level the placements after which the clock ticks, the best-times rows the two wins leave (the
+// first empty when it earns none), and the name typed at the offer to save.
 struct Game {
     QList<int> levels;
     QString typed;
     QByteArray player;
-    QList<int> firstTicks, secondTicks;
+    QList<QList<int>> ticks;
     QByteArray firstRow, lastRow;
     QString gameName;
-    QStringList dataFiles;
-    QByteArray saved;
 };
 
 // What the screen must hold for the model: on each cell the sheet cell of its value, elsewhere the
@@ -103,10 +77,14 @@ class TestTilesScreen : public QObject {
     PlaySession session;
 
     frmFond &fond() { return *session.fond; }
-    QStringList &played() { return session.fond->tambour.played; }
-    QByteArray bestTimes() const { return readAll(session.dataFolder() + QStringLiteral("mlbestTime.dat")); }
+    QStringList &played() { return session.played(); }
+    QByteArray board() { return bytesOf(fond().tiles); }
 
     void click(Qt::MouseButton button, QPoint at) { PlaySession::press(fond().pctEcran1, button, at); }
+    void clickIgnored(Qt::MouseButton button, QPoint at)
+    {
+        verifyIgnored(session, fond().pctEcran1, button, at, [this] { return board(); });
+    }
 
     // Empty when the screen shows the model, in the image and on the window.
     QString screenFault(Upper upper = Upper::Targets)
@@ -130,57 +108,6 @@ class TestTilesScreen : public QObject {
         QCOMPARE(screenFault(), QString());
     }
 
-    // A click that no rule accepts: no cue, no change to the model or to the screen.
-    void clickIgnored(Qt::MouseButton button, QPoint at)
-    {
-        const QStringList before = played();
-        const TileBoard tiles = fond().tiles;
-        const QImage image = fond().pctEcran1->image;
-        click(button, at);
-        QCOMPARE(played(), before);
-        QVERIFY(sameTiles(fond().tiles, tiles));
-        QVERIFY(fond().pctEcran1->image == image);
-        QVERIFY(fond().isEnabled());
-    }
-
-    // Places a level's solution but its last cell, with a tick of the clock after each placement listed.
-    void placeAllButLast(const std::vector<Cell> &solution, const QList<int> &ticksAfter)
-    {
-        for (int i = 0; i + 1 < int(solution.size()); ++i) {
-            place(solution[i]);
-            if (ticksAfter.contains(i)) session.tick();
-        }
-    }
-
-    // The winning click of a level that is not the last, with the window checked during the pause:
-    // the level just won still current, input off, the won art, the labels kept, the clock stopped,
-    // the best times as given; a right click then, which would take a tile back if it got through,
-    // and a left click are both lost.
-    void winCheckingThePause(Cell last, const QString &seconds, double total, const QByteArray &best)
-    {
-        const int32_t won = gNiveau;
-        // Events are also handled before the won art is drawn, while the cue of a place in the best
-        // times is started: the pause is from that art on.
-        Probe pause(
-            [&] { return !fond().isEnabled() && gNiveau == won && fond().tiles.Complet1() && showsWonArt(fond()); },
-            [&] {
-                verifyPaused(fond(), won, seconds, total);
-                QCOMPARE(screenFault(Upper::Won), QString());
-                QCOMPARE(bestTimes(), best);
-                const QStringList cuesBefore = played();
-                const TileBoard tiles = fond().tiles;
-                const QImage image = fond().pctEcran1->image;
-                expectRefusedClicks(2);
-                click(Qt::RightButton, upperPoint({0, 0}));
-                click(Qt::LeftButton, lowerPoint(last));
-                QVERIFY2(played() == cuesBefore && sameTiles(fond().tiles, tiles) && fond().pctEcran1->image == image
-                             && gNiveau == won,
-                         "a click made during the pause was handled");
-            });
-        click(Qt::LeftButton, lowerPoint(last));
-        QVERIFY2(pause.fired, "the pause after the won level was not caught");
-    }
-
 private slots:
     void init()
     {
@@ -193,127 +120,87 @@ private slots:
     // won is written to the best times if it earns a row: in no time it ties with the empty rows and
     // takes the first, with its cue; in 2 seconds level 0 scores below them, with neither cue nor write.
     // The seconds of the first level join the total when it is won and stay on the label through the
-    // pause. At the close the screen goes, the last level won takes its row, then come the closing
-    // message and the offer to save, answered with a name or with blanks.
+    // pause, where the upper board shows the won art. At the close the last level won takes its row,
+    // then come the closing message and the offer to save, answered with a name or with blanks.
     void aWholeGameOfTwoLevels_data()
     {
         QTest::addColumn<Game>("game");
-        QTest::newRow("ANNE in 0 then 1 s, saved") << Game{{0, 1},
-                                                           "  anne  ",
-                                                           "ANNE",
-                                                           {},
-                                                           {3},
-                                                           timesLine(0, 0, "ANNE"),
-                                                           timesLine(1, 1, "ANNE"),
-                                                           "ma partie",
-                                                           {"ma partie.sml", "mlbestTime.dat"},
-                                                           "\"ANNE\"\r\n999\r\n1\r\n0\r\n0\r\n0\r\n0\r\n"};
+        QTest::newRow("ANNE in 0 then 1 s, saved") << Game{
+            {0, 1}, "  anne  ", "ANNE", {{}, {3}}, timesLine(0, 0, "ANNE"), timesLine(1, 1, "ANNE"), "ma partie"};
         QTest::newRow("ZOE in 2 then 0 s, not saved")
-            << Game{{1, 0}, "Zoe ", "ZOE", {2, 5}, {}, {}, timesLine(1, 2, "ZOE"), "   ", {"mlbestTime.dat"}, {}};
+            << Game{{1, 0}, "Zoe ", "ZOE", {{2, 5}, {}}, {}, timesLine(1, 2, "ZOE"), "   "};
     }
 
     void aWholeGameOfTwoLevels()
     {
         QFETCH(Game, game);
-        const auto &[levels, typed, player, firstTicks, secondTicks, firstRow, lastRow, gameName, dataFiles, saved] =
-            game;
-        const std::vector<Cell> &first = kSolutions[levels[0]];
-        const std::vector<Cell> &second = kSolutions[levels[1]];
-        const double firstSeconds = firstTicks.size(), total = firstSeconds + secondTicks.size();
-        const QString firstLabel = firstTicks.isEmpty() ? QString() : QStringLiteral(" %1").arg(firstTicks.size());
-
         QCOMPARE(gCheminData, session.dataFolder());
-        QCOMPARE(bestTimes(), timesFile());
-        QCOMPARE(bestTimes().size(), 279);
+        QCOMPARE(session.bestTimes(), timesFile());
+        QCOMPARE(session.bestTimes().size(), 279);
 
-        PlaySession::keepLevels(1, {levels[0], levels[1]});
-        session.startGame(1, typed);
-
+        PlaySession::keepLevels(1, {game.levels[0], game.levels[1]});
+        session.startGame(1, game.typed);
         verifyPlaying(fond(), 1, 0, QString());
         QCOMPARE(gNbNiveaux, 2);
-        QCOMPARE(gNomJoueur, QString::fromLatin1(player));
+        QCOMPARE(gNomJoueur, QString::fromLatin1(game.player));
         QCOMPARE(gTempsTotal, 0.0);
         QCOMPARE(gTempsNiveau, 0.0);
         QVERIFY(!gASauver);
         QCOMPARE(fond().myTimer.interval(), std::numeric_limits<int>::max());
         QVERIFY(menuShowsIdleArt(fond(), false));
-        QCOMPARE(played(), cues("008 009 002"));
+        QStringList heard = cues("008 009 002");
+        QCOMPARE(played(), heard);
         QCOMPARE(screenFault(), QString());
 
-        placeAllButLast(first, firstTicks);
-        QCOMPARE(fond().labTemps->text(), firstLabel);
-        QCOMPARE(gTempsTotal, 0.0);
-        const QByteArray afterFirst = firstRow.isEmpty() ? timesFile() : timesFile(1, {firstRow});
-        winCheckingThePause(first.back(), firstLabel, firstSeconds, afterFirst);
+        int total = 0;
+        QString label; // the seconds of the last level that ticked
+        for (int level = 0; level < 2; ++level) {
+            const std::vector<Cell> &solution = kSolutions[game.levels[level]];
+            const QList<int> &ticks = game.ticks[level];
+            for (int i = 0; i + 1 < int(solution.size()); ++i) {
+                place(solution[i]);
+                if (ticks.contains(i)) session.tick();
+            }
+            if (!ticks.isEmpty()) label = QStringLiteral(" %1").arg(ticks.size());
+            QCOMPARE(fond().labTemps->text(), label);
+            QCOMPARE(gTempsTotal, double(total));
+            total += ticks.size();
+            heard += cues(QStringLiteral("010x%1").arg(solution.size()));
+            if (level == 1) {
+                winTheGame(
+                    session, [&] { click(Qt::LeftButton, lowerPoint(solution.back())); }, heard + cues("001 001"),
+                    game.player.constData(), 1, 2, total, game.gameName);
+                QCOMPARE(session.bestTimes(), timesFile(1, {game.lastRow}));
+                return;
+            }
+            const QByteArray best = game.firstRow.isEmpty() ? timesFile() : timesFile(1, {game.firstRow});
+            if (!game.firstRow.isEmpty()) heard += cues("001");
+            winThroughThePause(
+                session, fond().pctEcran1, lowerPoint(solution.back()), label, total, heard, best,
+                [this] { return board(); }, [this] { return screenFault(Upper::Won); });
 
-        // The next level is up: fresh sockets, its own number, the clock running again.
-        verifyPlaying(fond(), 1, 1, firstLabel);
-        QCOMPARE(fond().tiles.iCoup1, -1);
-        QVERIFY(gASauver);
-        QCOMPARE(gTempsNiveau, 0.0);
-        QCOMPARE(gTempsTotal, firstSeconds);
-        const QStringList firstCues = cues("008 009 002") + QStringList(first.size(), QStringLiteral("marel010.wav"))
-                                      + (firstRow.isEmpty() ? QStringList() : cues("001")) + cues("002");
-        QCOMPARE(played(), firstCues);
-        QCOMPARE(screenFault(), QString());
-        QCOMPARE(bestTimes(), afterFirst);
-
-        placeAllButLast(second, secondTicks);
-        if (!secondTicks.isEmpty()) QCOMPARE(fond().labTemps->text(), QStringLiteral(" %1").arg(secondTicks.size()));
-
-        // The last level won: the screen goes and the last level won takes its row before the closing
-        // message comes up; the offer to save finds no game saved yet.
-        bool screenHidden = false, inputOff = false;
-        int32_t niveau = -1, jeu = -1;
-        QStringList cuesAtMessage, filesAtOffer;
-        QByteArray bestAtMessage;
-        DialogLog log(session, {{QStringLiteral("Fermer"), QString(),
-                                 [&] {
-                                     screenHidden = !fond().pctEcran1->isVisible();
-                                     niveau = gNiveau;
-                                     jeu = gJeu;
-                                     inputOff = !fond().isEnabled();
-                                     cuesAtMessage = played();
-                                     bestAtMessage = bestTimes();
-                                 }},
-                                {QStringLiteral("Valider"), gameName, [&] { filesAtOffer = session.dataFiles(); }}});
-        click(Qt::LeftButton, lowerPoint(second.back()));
-
-        QVERIFY(screenHidden);
-        QCOMPARE(niveau, 999);
-        QCOMPARE(jeu, 1);
-        QVERIFY(inputOff);
-        const QStringList whole =
-            firstCues + QStringList(second.size(), QStringLiteral("marel010.wav")) + cues("001 001 008");
-        QCOMPARE(cuesAtMessage, whole);
-        QCOMPARE(bestAtMessage, timesFile(1, {lastRow}));
-        QCOMPARE(log.seen, (QStringList{congratulations(player.constData(), 2, 1), kSaveOffer}));
-        QCOMPARE(filesAtOffer, QStringList{QStringLiteral("mlbestTime.dat")});
-
-        QCOMPARE(session.dataFiles(), dataFiles);
-        if (!saved.isEmpty()) QCOMPARE(readAll(session.dataFolder() + gameName + QStringLiteral(".sml")), saved);
-        QCOMPARE(bestTimes(), timesFile(1, {lastRow}));
-        QCOMPARE(played(), whole + cues("009 008 009"));
-        verifyIdle(fond());
-        QCOMPARE(gTempsTotal, total);
-        QCOMPARE(gTempsNiveau, 0.0);
+            // The next level is up: fresh sockets, its own number, the clock running again.
+            verifyPlaying(fond(), 1, 1, label);
+            QCOMPARE(fond().tiles.iCoup1, -1);
+            QVERIFY(gASauver);
+            QCOMPARE(gTempsNiveau, 0.0);
+            heard += cues("002");
+            QCOMPARE(played(), heard);
+            QCOMPARE(screenFault(), QString());
+            QCOMPARE(session.bestTimes(), best);
+        }
     }
 
     // Level 77 has cells in every corner and non-cells inside.
     void clicksMapToCellsOfTheLowerBoardOnly()
     {
-        PlaySession::keepLevels(1, {77});
-        session.startGame(1, QStringLiteral("x"));
-        played().clear();
+        session.startOn(1, {77});
         QCOMPARE(screenFault(), QString());
-
-        clickIgnored(Qt::LeftButton, {0, 277});   // row -1, just above the lower board
-        clickIgnored(Qt::LeftButton, {0, 0});     // upper board
-        clickIgnored(Qt::LeftButton, {431, 269}); // upper board, last pixel
-        clickIgnored(Qt::LeftButton, {200, 270}); // gap
+        // Above the lower board, the upper board to its last pixel, the gap, the middle button there, non-cells.
+        for (QPoint at :
+             {QPoint(0, 277), QPoint(0, 0), QPoint(431, 269), QPoint(200, 270), lowerPoint({3, 1}), lowerPoint({3, 2})})
+            clickIgnored(Qt::LeftButton, at);
         clickIgnored(Qt::MiddleButton, {431, 273});
-        clickIgnored(Qt::LeftButton, lowerPoint({3, 1})); // non-cell
-        clickIgnored(Qt::LeftButton, lowerPoint({3, 2})); // non-cell
         QCOMPARE(fond().tiles.iCoup1, -1);
 
         const QPoint topLeft(0, 278);
@@ -324,8 +211,9 @@ private slots:
         QCOMPARE(fond().tiles.tabJeu1[0][0], 1);
         QCOMPARE(screenFault(), QString());
 
-        clickIgnored(Qt::LeftButton, topLeft);   // the tile just placed
-        clickIgnored(Qt::LeftButton, {53, 331}); // its last pixel
+        // The tile just placed, to its last pixel, with either button.
+        clickIgnored(Qt::LeftButton, topLeft);
+        clickIgnored(Qt::LeftButton, {53, 331});
         clickIgnored(Qt::MiddleButton, {27, 300});
 
         click(Qt::MiddleButton, {431, 547});
@@ -349,18 +237,14 @@ private slots:
     // placements are taken back, by right clicks anywhere on the screen.
     void rightClicksTakeBackAnywhereAndNeverEndTheLevel()
     {
-        PlaySession::keepLevels(1, {0, 1});
-        session.startGame(1, QStringLiteral("x"));
+        session.startOn(1, {0, 1});
         const QImage fresh = fond().pctEcran1->image;
-        const TileBoard start = fond().tiles;
-        played().clear();
-
         clickIgnored(Qt::RightButton, upperPoint({3, 0}));
         clickIgnored(Qt::RightButton, lowerPoint({3, 0}));
 
-        std::vector<TileBoard> before;
+        std::vector<QByteArray> before;
         for (int y = 0; y < 5; ++y) {
-            before.push_back(fond().tiles);
+            before.push_back(board());
             place({3, y});
         }
         QVERIFY(!fond().tiles.Complet1());
@@ -368,19 +252,17 @@ private slots:
         QCOMPARE(gNiveau, 0);
         QCOMPARE(gTempsTotal, 0.0);
         QVERIFY(!gASauver);
-        QCOMPARE(played(), cues("010x5"));
         played().clear();
 
         const QPoint anywhere[5] = {upperPoint({3, 1}), {200, 274}, lowerPoint({0, 0}), lowerPoint({3, 2}), {431, 547}};
         for (int i = 0; i < 5; ++i) {
             click(Qt::RightButton, anywhere[i]);
             QCOMPARE(played(), QStringList(i + 1, QStringLiteral("marel007.wav")));
-            QVERIFY(sameTiles(fond().tiles, before[4 - i]));
+            QCOMPARE(board(), before[4 - i]);
             verifyPlaying(fond(), 1, 0, QString());
             QVERIFY(!gASauver);
             QCOMPARE(screenFault(), QString());
         }
-        QVERIFY(sameTiles(fond().tiles, start));
         QVERIFY(fond().pctEcran1->image == fresh);
         clickIgnored(Qt::RightButton, upperPoint({0, 0}));
 

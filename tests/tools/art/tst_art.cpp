@@ -7,57 +7,45 @@
 #include <QImageReader>
 #include <QTest>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
-QString artFile(const QString &name)
-{
-    return QStringLiteral(ART_DIR "/") + name;
-}
+QString artFile(const QString &name) { return QStringLiteral(ART_DIR "/") + name; }
 
-QImage load(const QString &name)
-{
-    return QImage(artFile(name)).convertToFormat(QImage::Format_RGB32);
-}
+QImage load(const QString &name) { return QImage(artFile(name)).convertToFormat(QImage::Format_RGB32); }
 
 // Bits per pixel as the BMP's own header gives it.
 int bmpBitCount(const QString &name)
 {
     QFile file(artFile(name));
-    if (!file.open(QIODevice::ReadOnly))
-        return -1;
-    const QByteArray head = file.read(30);
-    if (head.size() < 30 || !head.startsWith("BM"))
-        return -1;
+    const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(30) : QByteArray();
+    if (head.size() < 30 || !head.startsWith("BM")) return -1;
     return static_cast<unsigned char>(head[28]) | (static_cast<unsigned char>(head[29]) << 8);
 }
 
 constexpr QRgb kWhite = 0xFFFFFFFF;
 constexpr QRgb kBlack = 0xFF000000;
 
-// How many pixels differ between two equal-sized regions.
-int differingPixels(const QImage &a, QRect ra, const QImage &b, QRect rb)
+// Two equal-sized regions compared: how many pixels differ, and the mean difference per channel.
+struct Likeness {
+    int differing = 0;
+    double mean = 0;
+};
+Likeness compare(const QImage &a, QRect ra, const QImage &b, QRect rb)
 {
-    int count = 0;
-    for (int y = 0; y < ra.height(); ++y)
-        for (int x = 0; x < ra.width(); ++x)
-            if (a.pixel(ra.x() + x, ra.y() + y) != b.pixel(rb.x() + x, rb.y() + y))
-                ++count;
-    return count;
-}
-
-double meanDifference(const QImage &a, QRect ra, const QImage &b, QRect rb)
-{
-    double sum = 0;
+    Likeness l;
     for (int y = 0; y < ra.height(); ++y)
         for (int x = 0; x < ra.width(); ++x) {
-            const QRgb p = a.pixel(ra.x() + x, ra.y() + y);
-            const QRgb q = b.pixel(rb.x() + x, rb.y() + y);
-            sum += std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q)) + std::abs(qBlue(p) - qBlue(q));
+            const QRgb p = a.pixel(ra.x() + x, ra.y() + y), q = b.pixel(rb.x() + x, rb.y() + y);
+            l.differing += p != q;
+            l.mean += std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q)) + std::abs(qBlue(p) - qBlue(q));
         }
-    return sum / (3.0 * ra.width() * ra.height());
+    l.mean /= 3.0 * ra.width() * ra.height();
+    return l;
 }
 
 double relativeLuminance(QColor c)
@@ -68,26 +56,29 @@ double relativeLuminance(QColor c)
 
 QColor averageColour(const QImage &image, QRect area)
 {
-    double r = 0, g = 0, b = 0;
+    double rgb[3] = {};
     for (int y = area.top(); y <= area.bottom(); ++y)
         for (int x = area.left(); x <= area.right(); ++x) {
-            r += qRed(image.pixel(x, y));
-            g += qGreen(image.pixel(x, y));
-            b += qBlue(image.pixel(x, y));
+            const QRgb p = image.pixel(x, y);
+            rgb[0] += qRed(p), rgb[1] += qGreen(p), rgb[2] += qBlue(p);
         }
     const double n = static_cast<double>(area.width()) * area.height();
-    return QColor(static_cast<int>(r / n), static_cast<int>(g / n), static_cast<int>(b / n));
+    return QColor(static_cast<int>(rgb[0] / n), static_cast<int>(rgb[1] / n), static_cast<int>(rgb[2] / n));
 }
 
 double contrast(QColor a, QColor b)
 {
-    const double la = relativeLuminance(a);
-    const double lb = relativeLuminance(b);
+    const double la = relativeLuminance(a), lb = relativeLuminance(b);
     return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
 }
 
 // The menu's hot spots in the sheet's coordinates (the window's, less (0, 130)).
 constexpr std::array<QPoint, 7> kSpots = {{{38, 1}, {38, 56}, {36, 111}, {37, 166}, {32, 221}, {20, 277}, {9, 331}}};
+
+QRect spot(int button, int column = 0)
+{
+    return (QRect(kSpots[button], QSize(43, 43)) & QRect(0, 0, 80, 375)).translated(column, 0);
+}
 
 } // namespace
 
@@ -99,20 +90,20 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QSize>("size");
-        QTest::newRow("window") << "fond.jpg" << QSize(600, 600);
-        QTest::newRow("menu") << "menu.bmp" << QSize(160, 375);
-        QTest::newRow("game 1 sheet") << "pion1.bmp" << QSize(324, 54);
-        QTest::newRow("game 2 sheet") << "pion2.bmp" << QSize(120, 60);
-        QTest::newRow("game 3 sheet") << "pion3.bmp" << QSize(468, 208);
-        QTest::newRow("catalogue") << "catalogue.jpg" << QSize(90, 90);
-        QTest::newRow("message") << "mess.jpg" << QSize(300, 300);
-        QTest::newRow("message button") << "bouton.bmp" << QSize(180, 30);
-        QTest::newRow("best times") << "best.jpg" << QSize(400, 540);
-        QTest::newRow("saved games") << "file.jpg" << QSize(300, 300);
-        QTest::newRow("pointer") << "pointeur.png" << QSize(32, 32);
-        QTest::newRow("hand") << "main.png" << QSize(32, 32);
+        for (const auto &[name, w, h] : {std::tuple{"fond.jpg", 600, 600},
+                                         {"menu.bmp", 160, 375},
+                                         {"pion1.bmp", 324, 54},
+                                         {"pion2.bmp", 120, 60},
+                                         {"pion3.bmp", 468, 208},
+                                         {"catalogue.jpg", 90, 90},
+                                         {"mess.jpg", 300, 300},
+                                         {"bouton.bmp", 180, 30},
+                                         {"best.jpg", 400, 540},
+                                         {"file.jpg", 300, 300},
+                                         {"pointeur.png", 32, 32},
+                                         {"main.png", 32, 32}})
+            QTest::newRow(name) << QString::fromLatin1(name) << QSize(w, h);
     }
-
     void picturesHaveTheirSizeAndFormat()
     {
         QFETCH(QString, name);
@@ -122,21 +113,16 @@ private slots:
         const QImage image = reader.read();
         QVERIFY2(!image.isNull(), qPrintable(name + ": " + reader.errorString()));
         QCOMPARE(image.size(), size);
-        const QByteArray extension = name.section('.', -1).toLatin1();
-        if (extension == "bmp") {
-            QCOMPARE(format, QByteArray("bmp"));
-            QCOMPARE(bmpBitCount(name), 24);
-        } else if (extension == "jpg") {
-            QCOMPARE(format, QByteArray("jpeg"));
-        } else {
-            QCOMPARE(format, QByteArray("png"));
+        const QString extension = name.section('.', -1);
+        QCOMPARE(format, extension == "jpg" ? QByteArray("jpeg") : extension.toLatin1());
+        if (extension == "bmp") QCOMPARE(bmpBitCount(name), 24);
+        if (extension == "png") {
             QVERIFY(image.hasAlphaChannel());
             // The hot spot is written into the file and lies on a drawn pixel.
-            const QStringList spot = image.text(QStringLiteral("HotSpot")).split(',');
-            QCOMPARE(spot.size(), 2);
-            const QPoint hot(spot[0].toInt(), spot[1].toInt());
-            QVERIFY(image.rect().contains(hot));
-            QVERIFY(qAlpha(image.pixel(hot)) > 0);
+            const QStringList hot = image.text(QStringLiteral("HotSpot")).split(',');
+            QCOMPARE(hot.size(), 2);
+            const QPoint at(hot[0].toInt(), hot[1].toInt());
+            QVERIFY(image.rect().contains(at) && qAlpha(image.pixel(at)) > 0);
         }
     }
 
@@ -148,34 +134,27 @@ private slots:
         QTest::addColumn<QRect>("image");
         QTest::addColumn<QRect>("mask");
         QTest::newRow("stone") << "pion2.bmp" << QRect(0, 0, 60, 60) << QRect(60, 0, 60, 60);
-        for (int row = 0; row < 4; ++row)
-            for (int column = 0; column < 8; ++column) {
-                const QByteArray name = QByteArray("pair row ") + QByteArray::number(row) + " column "
-                    + QByteArray::number(column);
-                QTest::newRow(name.constData()) << "pion3.bmp" << QRect(52 * column, 52 * row, 52, 52)
-                                                << QRect(416, column < 4 ? 0 : 52, 52, 52);
-            }
+        for (int cell = 0; cell < 32; ++cell)
+            QTest::newRow(qPrintable(QStringLiteral("pair row %1 column %2").arg(cell / 8).arg(cell % 8)))
+                << "pion3.bmp" << QRect(52 * (cell % 8), 52 * (cell / 8), 52, 52)
+                << QRect(416, cell % 8 < 4 ? 0 : 52, 52, 52);
     }
-
     void maskedSpritesFollowTheRule()
     {
         QFETCH(QString, sheet);
         QFETCH(QRect, image);
         QFETCH(QRect, mask);
         const QImage picture = load(sheet);
-        int opaque = 0;
-        int whiteInside = 0;
+        int opaque = 0, whiteInside = 0;
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x) {
-                const QRgb m = picture.pixel(mask.x() + x, mask.y() + y);
-                const QRgb p = picture.pixel(image.x() + x, image.y() + y);
-                QVERIFY2(m == kWhite || m == kBlack, qPrintable(QStringLiteral("grey mask pixel at %1,%2").arg(x).arg(y)));
-                if (m == kBlack)
-                    QVERIFY2(p == kWhite, qPrintable(QStringLiteral("image not white outside the mask at %1,%2").arg(x).arg(y)));
-                else {
-                    ++opaque;
-                    whiteInside += p == kWhite;
-                }
+                const QRgb m = picture.pixel(mask.x() + x, mask.y() + y),
+                           p = picture.pixel(image.x() + x, image.y() + y);
+                const QString at = QStringLiteral(" at %1,%2").arg(x).arg(y);
+                QVERIFY2(m == kWhite || m == kBlack, qPrintable("grey mask pixel" + at));
+                QVERIFY2(m == kWhite || p == kWhite, qPrintable("image not white outside the mask" + at));
+                opaque += m == kWhite;
+                whiteInside += m == kWhite && p == kWhite;
             }
         // The sprite covers most of its cell, and the corners stay clear.
         QVERIFY(opaque > image.width() * image.height() / 2);
@@ -188,47 +167,43 @@ private slots:
     void pairMasksHaveTheirShapes()
     {
         const QImage sheet = load("pion3.bmp");
-        const QRect normal(416, 0, 52, 52);
-        const QRect selected(416, 52, 52, 52);
-        // A normal tile reaches the middle of each side; only its corners are cut.
-        for (const QPoint p : {QPoint(26, 0), QPoint(0, 26), QPoint(51, 26), QPoint(26, 51)})
-            QCOMPARE(sheet.pixel(normal.topLeft() + p), kWhite);
-        // A selected tile leaves a ring of 2 pixels all round.
-        for (int i = 0; i < 52; ++i)
-            for (const QPoint p : {QPoint(i, 0), QPoint(i, 1), QPoint(i, 50), QPoint(i, 51), QPoint(0, i), QPoint(1, i),
-                                   QPoint(50, i), QPoint(51, i)})
-                QCOMPARE(sheet.pixel(selected.topLeft() + p), kBlack);
-        for (const QPoint p : {QPoint(26, 2), QPoint(2, 26), QPoint(49, 26), QPoint(26, 49)})
-            QCOMPARE(sheet.pixel(selected.topLeft() + p), kWhite);
-        // The selected shape lies within the normal one.
+        const auto normal = [&](int x, int y) { return sheet.pixel(416 + x, y); };
+        const auto selected = [&](int x, int y) { return sheet.pixel(416 + x, 52 + y); };
         for (int y = 0; y < 52; ++y)
-            for (int x = 0; x < 52; ++x)
-                if (sheet.pixel(selected.x() + x, selected.y() + y) == kWhite)
-                    QCOMPARE(sheet.pixel(normal.x() + x, normal.y() + y), kWhite);
+            for (int x = 0; x < 52; ++x) {
+                // A selected tile leaves a ring of 2 pixels all round, and its shape lies within the normal one.
+                if (std::min({x, y, 51 - x, 51 - y}) < 2) QCOMPARE(selected(x, y), kBlack);
+                if (selected(x, y) == kWhite) QCOMPARE(normal(x, y), kWhite);
+            }
+        // A normal tile reaches the middle of each side, a selected one the ring; only corners are cut.
+        for (const auto &[x, y] : {std::pair{26, 0}, {0, 26}, {51, 26}, {26, 51}}) {
+            QCOMPARE(normal(x, y), kWhite);
+            QCOMPARE(selected(std::clamp(x, 2, 49), std::clamp(y, 2, 49)), kWhite);
+        }
         // Column 8 of rows 2 and 3 is never read and left white.
         for (int y = 104; y < 208; ++y)
-            for (int x = 416; x < 468; ++x)
-                QCOMPARE(sheet.pixel(x, y), kWhite);
+            for (int x = 416; x < 468; ++x) QCOMPARE(sheet.pixel(x, y), kWhite);
     }
 
-    void pairTilesDifferByColourPipsAndSelection()
+    // Tiles differ by colour, pips and selection; every cell of a sheet from every other.
+    void cellsAreDistinct_data()
     {
-        const QImage sheet = load("pion3.bmp");
-        for (int a = 0; a < 32; ++a)
-            for (int b = a + 1; b < 32; ++b) {
-                const QRect ra(52 * (a % 8), 52 * (a / 8), 52, 52);
-                const QRect rb(52 * (b % 8), 52 * (b / 8), 52, 52);
-                QVERIFY2(differingPixels(sheet, ra, sheet, rb) > 60,
-                         qPrintable(QStringLiteral("cells %1 and %2 look alike").arg(a).arg(b)));
-            }
+        QTest::addColumn<QString>("sheet");
+        QTest::addColumn<int>("side");
+        QTest::addColumn<int>("cells");
+        QTest::newRow("tiles") << "pion1.bmp" << 54 << 6;
+        QTest::newRow("pairs") << "pion3.bmp" << 52 << 32;
     }
-
-    void tileCellsAreDistinct()
+    void cellsAreDistinct()
     {
-        const QImage sheet = load("pion1.bmp");
-        for (int a = 0; a < 6; ++a)
-            for (int b = a + 1; b < 6; ++b)
-                QVERIFY2(differingPixels(sheet, QRect(54 * a, 0, 54, 54), sheet, QRect(54 * b, 0, 54, 54)) > 60,
+        QFETCH(QString, sheet);
+        QFETCH(int, side);
+        QFETCH(int, cells);
+        const QImage picture = load(sheet);
+        const auto cell = [side](int c) { return QRect(side * (c % 8), side * (c / 8), side, side); };
+        for (int a = 0; a < cells; ++a)
+            for (int b = a + 1; b < cells; ++b)
+                QVERIFY2(compare(picture, cell(a), picture, cell(b)).differing > 60,
                          qPrintable(QStringLiteral("cells %1 and %2 look alike").arg(a).arg(b)));
     }
 
@@ -236,33 +211,25 @@ private slots:
     {
         const QImage sheet = load("menu.bmp");
         for (int button = 0; button < 7; ++button) {
-            const QRect idle = QRect(kSpots[button], QSize(43, 43)) & QRect(0, 0, 80, 375);
-            const int changed = differingPixels(sheet, idle, sheet, idle.translated(80, 0));
-            if (button == 4 || button == 5)
-                QVERIFY2(changed == 0, qPrintable(QStringLiteral("button %1 changes").arg(button)));
-            else
-                QVERIFY2(changed > 300, qPrintable(QStringLiteral("button %1 does not change").arg(button)));
+            const int changed = compare(sheet, spot(button), sheet, spot(button, 80)).differing;
+            QVERIFY2(button == 4 || button == 5 ? changed == 0 : changed > 300, qPrintable(QString::number(button)));
         }
         // Away from the buttons, both columns are the same wood.
         for (int y = 0; y < 375; ++y)
-            for (int x = 0; x < 80; ++x) {
-                bool onButton = false;
-                for (const QPoint spot : kSpots)
-                    onButton = onButton || QRect(spot, QSize(43, 43)).contains(x, y);
-                if (!onButton)
+            for (int x = 0; x < 80; ++x)
+                if (std::none_of(kSpots.begin(), kSpots.end(),
+                                 [&](QPoint s) { return QRect(s, QSize(43, 43)).contains(x, y); }))
                     QCOMPARE(sheet.pixel(x, y), sheet.pixel(x + 80, y));
-            }
     }
 
     void idleButtonsAreBrighterThanDimOnes()
     {
         const QImage sheet = load("menu.bmp");
         const auto brightness = [&](int button, int column) {
-            const QRect gem(kSpots[button] + QPoint(12 + column, 12), QSize(19, 19));
-            return relativeLuminance(averageColour(sheet, gem));
+            return relativeLuminance(
+                averageColour(sheet, QRect(kSpots[button] + QPoint(12 + column, 12), QSize(19, 19))));
         };
-        for (const int button : {0, 1, 2, 6})
-            QVERIFY(brightness(button, 0) > 1.5 * brightness(button, 80));
+        for (const int button : {0, 1, 2, 6}) QVERIFY(brightness(button, 0) > 1.5 * brightness(button, 80));
         QVERIFY(brightness(3, 80) > 1.5 * brightness(3, 0));
     }
 
@@ -270,21 +237,19 @@ private slots:
     // copied, and the emblem's corner and the dialog plates match their places.
     void piecesMatchWhereTheyAreShown()
     {
-        const QImage window = load("fond.jpg");
-        const QImage menu = load("menu.bmp");
-        QVERIFY(meanDifference(window, QRect(0, 130, 80, 375), menu, QRect(0, 0, 80, 375)) < 5.0);
+        const QImage window = load("fond.jpg"), menu = load("menu.bmp");
+        QVERIFY(compare(window, QRect(0, 130, 80, 375), menu, QRect(0, 0, 80, 375)).mean < 5.0);
         for (const int button : {0, 1, 2, 3, 6}) {
-            const QRect spot = QRect(kSpots[button], QSize(43, 43)) & QRect(0, 0, 80, 375);
-            const QRect shown = spot.translated(0, 130);
-            QVERIFY(3 * meanDifference(window, shown, menu, spot) < meanDifference(window, shown, menu, spot.translated(80, 0)));
+            const QRect shown = spot(button).translated(0, 130);
+            QVERIFY(3 * compare(window, shown, menu, spot(button)).mean
+                    < compare(window, shown, menu, spot(button, 80)).mean);
         }
-        QVERIFY(meanDifference(window, QRect(0, 510, 4, 90), load("catalogue.jpg"), QRect(0, 0, 4, 90)) < 6.0);
+        QVERIFY(compare(window, QRect(0, 510, 4, 90), load("catalogue.jpg"), QRect(0, 0, 4, 90)).mean < 6.0);
         // The face of every button plate looks the same.
         const QImage button = load("bouton.bmp");
         const QRect face(4, 4, 172, 22);
-        QVERIFY(meanDifference(load("mess.jpg"), face.translated(100, 186), button, face) < 4.0);
-        QVERIFY(meanDifference(load("file.jpg"), face.translated(100, 186), button, face) < 4.0);
-        QVERIFY(meanDifference(load("file.jpg"), face.translated(100, 220), button, face) < 4.0);
+        for (const auto &[picture, top] : {std::pair{"mess.jpg", 186}, {"file.jpg", 186}, {"file.jpg", 220}})
+            QVERIFY(compare(load(picture), face.translated(100, top), button, face).mean < 4.0);
     }
 
     void labelsCanBeRead_data()
@@ -302,7 +267,6 @@ private slots:
             QTest::newRow(qPrintable(QStringLiteral("best times from %1").arg(top)))
                 << "best.jpg" << QRect(100, top, 200, 140) << QColor(Qt::black);
     }
-
     void labelsCanBeRead()
     {
         QFETCH(QString, picture);

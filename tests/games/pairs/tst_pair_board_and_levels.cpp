@@ -1,0 +1,334 @@
+// The pairs game: its board model worked by hand and at random, every stored level emptied by its
+// solution on the real board, levels built backwards solved forwards, and the store's check.
+#include "check_pairs.h"
+#include "solve_pairs.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string storedLevels()
+{
+    QFile file(LEVELS_DIR "/niveaux3.dat");
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+}
+
+// A board read from a store of nine rows of nine bytes per level.
+PairBoard boardOf(const std::string &store, int level = 0)
+{
+    PairBoard board;
+    board.LitNiveau3(store, level);
+    return board;
+}
+
+// A board with the single row `row` at row 4, from column 0.
+PairBoard boardWithRow(const std::string &row) { return boardOf(std::string(81, '0').replace(36, row.size(), row)); }
+
+char byteAt(const PairBoard &board, int x, int y)
+{
+    return board.tabPions3[x][y] == 0 ? '.' : static_cast<char>(board.tabPions3[x][y]);
+}
+
+// Columns 3 to 6 of rows 2 to 4, rows parted by " / ".
+std::string levelZeroBlock(const PairBoard &board)
+{
+    std::string text;
+    for (int y = 2; y <= 4; ++y)
+        for (int x = 3; x <= 6; ++x) text += (x == 3 && y > 2 ? " / " : "") + std::string(1, byteAt(board, x, y));
+    return text;
+}
+
+bool sameCells(const PairBoard &a, const PairBoard &b)
+{
+    return std::equal(&a.tabPions3[0][0], &a.tabPions3[0][0] + 100, &b.tabPions3[0][0]);
+}
+
+// The second cells that match `first` once it is selected.
+std::vector<int> matchesOf(PairBoard board, int first)
+{
+    std::vector<int> found;
+    board.Selectionne3(first % 9, first / 9);
+    for (int c = 0; c < 81; ++c)
+        if (c != first && board.tabPions3[c % 9][c / 9] != 0 && board.Pareil3(c % 9, c / 9)) found.push_back(c);
+    return found;
+}
+
+// Plays the moves through the model, failing the test at the first pair that does not match.
+void replayToEmpty(PairBoard board, const std::vector<PairMove> &moves)
+{
+    for (const auto &[first, second] : moves) {
+        QVERIFY(first != second && board.tabPions3[first % 9][first / 9] != 0);
+        board.Selectionne3(first % 9, first / 9);
+        QVERIFY(board.Pareil3(second % 9, second / 9));
+        board.Retire3(second % 9, second / 9);
+    }
+    QVERIFY(board.Vide3());
+}
+
+} // namespace
+
+class TestPairLevels : public QObject {
+    Q_OBJECT
+
+    const std::string store = storedLevels();
+
+private slots:
+    void levelZeroStepByStep()
+    {
+        QCOMPARE(store.size(), size_t(9720));
+        PairBoard board = boardOf(store);
+        QCOMPARE(levelZeroBlock(board), std::string("2Sdd / C1C1 / BT2B"));
+        const struct {
+            int selectX, selectY, removeX, removeY;
+            const char *block;
+        } steps[] = {
+            {5, 3, 3, 3, "3Sad / .3.2 / CT3B"}, {3, 2, 4, 3, ".Qad / ...2 / CQ3B"}, {5, 2, 6, 2, ".R.. / ...3 / CQ3B"},
+            {5, 4, 6, 3, ".R.. / .... / CR.D"}, {4, 4, 4, 2, ".... / .... / D..D"}, {3, 4, 6, 4, ".... / .... / ...."},
+        };
+        for (const auto &step : steps) {
+            QVERIFY(!board.Vide3());
+            board.Selectionne3(step.selectX, step.selectY);
+            QVERIFY(board.Pareil3(step.removeX, step.removeY));
+            board.Retire3(step.removeX, step.removeY);
+            QCOMPARE(board.iChoix3, -1);
+            QCOMPARE(levelZeroBlock(board), std::string(step.block));
+        }
+        QVERIFY(board.Vide3());
+        QCOMPARE(board.iCoup3, 5);
+        // Reading the level again forgets the moves and the selection.
+        board.Selectionne3(5, 3);
+        board.LitNiveau3(store, 0);
+        QCOMPARE((std::pair{board.iCoup3, board.iChoix3}), (std::pair{-1, -1}));
+        QVERIFY(std::all_of(std::begin(board.tabCoupA3), std::end(board.tabCoupA3), [](int c) { return c == -1; }));
+        QVERIFY(std::all_of(std::begin(board.tabCoupB3), std::end(board.tabCoupB3), [](int c) { return c == -1; }));
+        QCOMPARE(levelZeroBlock(board), std::string("2Sdd / C1C1 / BT2B"));
+    }
+
+    void turningStaysInItsColour_data()
+    {
+        QTest::addColumn<char>("high");
+        QTest::addColumn<char>("low");
+        QTest::newRow("blue") << '4' << '1';
+        QTest::newRow("red") << 'D' << 'A';
+        QTest::newRow("green") << 'T' << 'Q';
+        QTest::newRow("yellow") << 'd' << 'a';
+    }
+    void turningStaysInItsColour()
+    {
+        QFETCH(char, high);
+        QFETCH(char, low);
+        PairBoard board = boardWithRow(std::string("1") + high);
+        board.TourneVoisins3(0, 4);
+        QCOMPARE(byteAt(board, 1, 4), low);
+        board.DetourneVoisins3(0, 4);
+        QCOMPARE(byteAt(board, 1, 4), high);
+        board.DetourneVoisins3(0, 4);
+        QCOMPARE(byteAt(board, 1, 4), char(high - 1));
+        QCOMPARE(byteAt(board, 0, 4), '1');
+    }
+
+    // A tile matches by the value its selection turned the other to; a lonely one turns nothing.
+    void pairingRule_data()
+    {
+        QTest::addColumn<QString>("row");
+        QTest::addColumn<int>("first");
+        QTest::addColumn<int>("second");
+        QTest::addColumn<bool>("match");
+        QTest::newRow("1 turns 4 to 1") << "14" << 0 << 1 << true;
+        QTest::newRow("1 turns 1 to 2, from the left") << "11" << 0 << 1 << false;
+        QTest::newRow("1 turns 1 to 2, from the right") << "11" << 1 << 0 << false;
+        QTest::newRow("lonely tiles") << "1010" << 0 << 2 << true;
+    }
+    void pairingRule()
+    {
+        QFETCH(QString, row);
+        QFETCH(int, first);
+        QFETCH(int, second);
+        QFETCH(bool, match);
+        PairBoard board = boardWithRow(row.toStdString());
+        const PairBoard before = board;
+        board.Selectionne3(first, 4);
+        if (std::abs(second - first) > 1) QVERIFY(sameCells(board, before));
+        QCOMPARE(board.Pareil3(second, 4), match);
+        if (!match) return;
+        board.Retire3(second, 4);
+        QVERIFY(board.Vide3());
+    }
+
+    void edgesLeaveTheSpareRowAndColumnAlone()
+    {
+        PairBoard board = boardOf(std::string(81, '1'));
+        for (int i = 0; i < 10; ++i) board.tabPions3[9][i] = board.tabPions3[i][9] = 7;
+        const PairBoard before = board;
+        const auto spareHeld = [&board] {
+            for (int i = 0; i < 10; ++i)
+                if (board.tabPions3[9][i] != 7 || board.tabPions3[i][9] != 7) return false;
+            return true;
+        };
+        for (const auto &[x, y] : {std::pair{8, 4}, {4, 8}, {0, 4}, {4, 0}}) {
+            board.Selectionne3(x, y);
+            QVERIFY(spareHeld());
+            board.Deselectionne3();
+        }
+        board.Selectionne3(8, 8);
+        QVERIFY(spareHeld());
+        QCOMPARE((std::string{byteAt(board, 7, 8), byteAt(board, 8, 7), byteAt(board, 7, 7)}), std::string("221"));
+        board.Retire3(0, 0);
+        QVERIFY(spareHeld());
+        QCOMPARE((std::string{byteAt(board, 1, 0), byteAt(board, 0, 1), byteAt(board, 1, 1)}), std::string("221"));
+        board.Annule3();
+        QVERIFY(sameCells(board, before));
+    }
+
+    void selectingThenCancellingRestores()
+    {
+        PairBoard board = boardOf(store, 95);
+        const PairBoard before = board;
+        for (int c = 0; c < 81; ++c) {
+            if (board.tabPions3[c % 9][c / 9] == 0) continue;
+            board.Selectionne3(c % 9, c / 9);
+            QCOMPARE(board.iChoix3, c);
+            board.Deselectionne3();
+            QCOMPARE(board.iChoix3, -1);
+            QVERIFY(sameCells(board, before));
+        }
+    }
+
+    // Random pairs on every stored level, each position kept, then all taken back one by one.
+    void takingBackRestoresEveryPosition()
+    {
+        QRandomGenerator random(1951);
+        int touchingPairs = 0;
+        for (int level = 0; level < 120; ++level) {
+            PairBoard board = boardOf(store, level);
+            QVERIFY(!board.Vide3());
+            std::vector<PairBoard> seen{board};
+            for (int tries = 0; tries < 200 && !board.Vide3(); ++tries) {
+                const int first = random.bounded(81);
+                if (board.tabPions3[first % 9][first / 9] == 0) continue;
+                const std::vector<int> matches = matchesOf(board, first);
+                if (matches.empty()) continue;
+                const int second = matches[random.bounded(int(matches.size()))];
+                const int distance = std::abs(second - first);
+                touchingPairs += distance == 9 || (distance == 1 && second / 9 == first / 9);
+                board.Selectionne3(first % 9, first / 9);
+                board.Retire3(second % 9, second / 9);
+                seen.push_back(board);
+            }
+            QCOMPARE(board.iCoup3, int(seen.size()) - 2);
+            while (board.iCoup3 >= 0) {
+                board.Annule3();
+                seen.pop_back();
+                QVERIFY2(sameCells(board, seen.back()), qPrintable(QString("level %1").arg(level)));
+            }
+        }
+        QVERIFY(touchingPairs > 20);
+    }
+
+    // Levels 18 and 35 have an odd parity and no solution; the solutions of all others empty them.
+    void solutionsEmptyEverySolvableLevel()
+    {
+        for (int level = 0; level < 120; ++level) {
+            const PairBoard board = boardOf(store, level);
+            const auto moves = solvePairs(board);
+            if (level == 18 || level == 35) {
+                QCOMPARE(pairParity(board), level == 18 ? 119 : 59);
+                QVERIFY(!moves.has_value());
+                continue;
+            }
+            QVERIFY2(moves.has_value(), qPrintable(QString("level %1").arg(level)));
+            replayToEmpty(board, *moves);
+        }
+    }
+
+    void parityCountsPipsAndTouchingPairs()
+    {
+        const PairBoard board = boardOf("14a000000T" + std::string(71, '0'));
+        // Pips 1 + 4 + 1 + 4, touching pairs 1-4, 4-a, 1-T.
+        QCOMPARE(pairParity(board), 13);
+        QVERIFY(!solvePairs(board).has_value());
+    }
+
+    void solverGivesUpWhenItsBudgetRunsOut()
+    {
+        QVERIFY(!solvePairs(boardOf(store, 95), 3).has_value());
+        QVERIFY(solvePairs(boardOf(store, 95)).has_value());
+    }
+
+    // A level built backwards from an empty board by the take-back of the model is emptied
+    // by its pairs played forwards, and by the solver's.
+    void levelBuiltBackwardsIsSolvedForwards()
+    {
+        QRandomGenerator random(77);
+        for (int round = 0; round < 20; ++round) {
+            std::vector<int> cells;
+            for (int c = 0; c < 81; ++c) cells.push_back(c);
+            const auto take = [&](int c) {
+                std::erase(cells, c);
+                return c;
+            };
+            PairBoard board;
+            std::vector<PairMove> moves;
+            for (int pair = 0; pair < 8 + round; ++pair) {
+                const int first = take(cells.at(random.bounded(int(cells.size()))));
+                int second = cells.at(random.bounded(int(cells.size())));
+                if (pair % 2 == 0 && first % 9 < 8 && std::find(cells.begin(), cells.end(), first + 1) != cells.end())
+                    second = first + 1;
+                moves.emplace_back(first, take(second));
+                board.iCoup3 += 1;
+                board.tabCoupA3[board.iCoup3] = first;
+                board.tabCoupB3[board.iCoup3] = second;
+                board.tabCoupV3[board.iCoup3] = 49 + 16 * random.bounded(4) + random.bounded(4);
+            }
+            while (board.iCoup3 >= 0) board.Annule3();
+            QVERIFY(!board.Vide3());
+            replayToEmpty(board, moves);
+            const auto found = solvePairs(board);
+            QVERIFY(found.has_value());
+            replayToEmpty(board, *found);
+        }
+    }
+
+    void checkerAcceptsTheShippedStore()
+    {
+        std::ostringstream out;
+        QVERIFY2(checkPairLevels(store, out), out.str().c_str());
+        QVERIFY(out.str().find("118 of 118") != std::string::npos);
+    }
+
+    void checkerRejectsCorruptedStores_data()
+    {
+        QTest::addColumn<QString>("change");
+        for (const char *change : {"alien", "fixed", "remove", "recolour", "pip", "copy", "cut"})
+            QTest::newRow(change) << change;
+    }
+    void checkerRejectsCorruptedStores()
+    {
+        QFETCH(QString, change);
+        std::string damaged = store;
+        const size_t tile = damaged.find_first_not_of('0', 50 * 81);
+        char &t = damaged[tile];
+        const char blue = static_cast<char>('1' + (t - 49) % 16);
+        if (change == "alien") t = 'Z';                                           // a byte outside the alphabet
+        if (change == "fixed") damaged[95 * 81] = '4';                            // a fixed record changed
+        if (change == "remove") t = '0';                                          // a tile taken away
+        if (change == "recolour") t = blue == t ? 'A' : blue;                     // a tile of another colour
+        if (change == "pip") t = static_cast<char>(t % 16 == 4 ? t - 3 : t + 1);  // one pip more, so P odd
+        if (change == "copy") damaged.replace(61 * 81, 81, damaged, 60 * 81, 81); // two levels equal
+        if (change == "cut") damaged.resize(damaged.size() - 81);                 // the store cut short
+        std::ostringstream out;
+        QVERIFY(!checkPairLevels(damaged, out));
+        QVERIFY(out.str().find("FAILED") != std::string::npos);
+    }
+};
+
+QTEST_APPLESS_MAIN(TestPairLevels)
+#include "tst_pair_board_and_levels.moc"
