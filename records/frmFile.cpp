@@ -37,13 +37,7 @@ frmFile::frmFile(QWidget *parent)
         imgScroll[i]->setGeometry(255, 59 + 52 * i, 20, 51);
         connect(imgScroll[i], &HotSpot::clicked, this, [this, i] { imgScroll_Click(i); });
 
-        reponse[i] = new ClickLabel(this);
-        reponse[i]->setText(i == 0 ? QStringLiteral("Charger") : QStringLiteral("Annuler"));
-        reponse[i]->setGeometry(100, 189 + 34 * i, 180, 27);
-        reponse[i]->setFont(boldArial(19));
-        reponse[i]->setAlignment(Qt::AlignCenter);
-        reponse[i]->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
-        reponse[i]->setCursor(customPointer());
+        reponse[i] = buttonLabel(i, i == 0 ? QStringLiteral("Charger") : QStringLiteral("Annuler"));
         connect(reponse[i], &ClickLabel::clicked, this, [this, i] { reponse_Click(i); });
     }
 }

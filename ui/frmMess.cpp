@@ -32,12 +32,7 @@ frmMess::frmMess(QWidget *parent) : PictureDialog(parent, QStringLiteral(":/art/
     txtReponse->setStyleSheet(QStringLiteral("background: #E0E0E0;"));
 
     for (int i = 0; i < 3; ++i) {
-        reponse[i] = new ClickLabel(this);
-        reponse[i]->setGeometry(100, 189 + 34 * i, 180, 27);
-        reponse[i]->setFont(boldArial(19));
-        reponse[i]->setAlignment(Qt::AlignCenter);
-        reponse[i]->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
-        reponse[i]->setCursor(customPointer());
+        reponse[i] = buttonLabel(i);
         connect(reponse[i], &ClickLabel::clicked, this, [this, i] { reponse_Click(i); });
     }
 }

@@ -1,6 +1,8 @@
 #include "picture_dialog.h"
 
+#include "fonts.h"
 #include "frmFond.h"
+#include "pointers.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -29,4 +31,16 @@ void PictureDialog::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
     QDialog::keyPressEvent(event);
+}
+
+ClickLabel *PictureDialog::buttonLabel(int place, const QString &caption)
+{
+    auto *label = new ClickLabel(this);
+    label->setText(caption);
+    label->setGeometry(100, 189 + 34 * place, 180, 27);
+    label->setFont(boldArial(19));
+    label->setAlignment(Qt::AlignCenter);
+    label->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
+    label->setCursor(customPointer());
+    return label;
 }

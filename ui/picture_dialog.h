@@ -2,6 +2,8 @@
 // shows. Only clicks on its own labels answer it: Escape and Enter do nothing.
 #pragma once
 
+#include "click_label.h"
+
 #include <QDialog>
 #include <QImage>
 
@@ -14,6 +16,9 @@ public:
     void setVisible(bool visible) override;
 
 protected:
+    // A button of the dialog: a label over the button plate at place 0, 1 or 2 from the top.
+    ClickLabel *buttonLabel(int place, const QString &caption = QString());
+
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
