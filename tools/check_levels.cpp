@@ -1,13 +1,20 @@
-// Checks the three shipped level stores: prints a table of figures per game and fails when any fact
-// about the levels does not hold.
-//   check_levels <folder holding niveaux1.dat, niveaux2.dat and niveaux3.dat>
+// Checks the three shipped level stores: prints a table of figures and the difficulty of every
+// level per game, and fails when any fact about the levels does not hold. Given a picture file, it
+// also draws the three difficulty curves into it.
+//   check_levels <folder holding niveaux1.dat, niveaux2.dat and niveaux3.dat> [picture.png]
 #include "check_pairs.h"
 #include "check_stones.h"
 #include "check_tiles.h"
+#include "difficulty_curve.h"
+#include "difficulty_picture.h"
+
+#include <QGuiApplication>
 
 #include <fstream>
+#include <iomanip>
 #include <iostream>
 #include <iterator>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -24,18 +31,29 @@ bool readStore(const std::string &path, std::string &bytes)
 
 int main(int argc, char *argv[])
 {
-    if (argc != 2) {
-        std::cerr << "usage: check_levels <levels folder>\n";
+    if (argc != 2 && argc != 3) {
+        std::cerr << "usage: check_levels <levels folder> [picture.png]\n";
         return 2;
     }
     const std::string folder = argv[1];
-    using Check = bool (*)(std::string_view, std::ostream &);
     const struct {
         const char *file;
-        Check check;
-    } games[] = {{"niveaux1.dat", checkTileLevels}, {"niveaux2.dat", checkStoneLevels}, {"niveaux3.dat", checkPairLevels}};
+        StoreVerdict (*check)(std::string_view, std::ostream &);
+        std::span<const FixedLevel> fixed;
+        const char *title;
+        bool logarithmic;
+        QColor colour;
+    } games[] = {
+        {"niveaux1.dat", checkTileLevels, kFixedTileLevels, "Jeu 1: tiles a careful player lays per win", true,
+         QColor(214, 120, 40)},
+        {"niveaux2.dat", checkStoneLevels, kFixedStoneLevels, "Jeu 2: clicks of the shortest solution", false,
+         QColor(60, 120, 200)},
+        {"niveaux3.dat", checkPairLevels, kFixedPairLevels, "Jeu 3: pairs a random player removes per win", true,
+         QColor(70, 160, 90)},
+    };
 
     bool ok = true;
+    std::vector<DifficultyCurve> curves;
     for (const auto &game : games) {
         std::string store;
         if (!readStore(folder + "/" + game.file, store)) {
@@ -44,9 +62,28 @@ int main(int argc, char *argv[])
             continue;
         }
         std::cout << "== " << game.file << "\n";
-        ok = game.check(store, std::cout) && ok;
+        const StoreVerdict verdict = game.check(store, std::cout);
+        ok = verdict.ok && ok;
         std::cout << "\n";
+        if (verdict.difficulty.empty()) continue;
+        std::vector<bool> fixed(verdict.difficulty.size(), false);
+        for (const FixedLevel &level : game.fixed)
+            if (level.index < static_cast<int32_t>(fixed.size())) fixed[level.index] = true;
+        std::ostringstream title;
+        title << game.title << "   (rank correlation with the level index: " << std::fixed << std::setprecision(3)
+              << rankCorrelationWithIndex(verdict.difficulty) << ")";
+        curves.push_back({QString::fromStdString(title.str()), verdict.difficulty, fixed, game.logarithmic, game.colour});
     }
     std::cout << (ok ? "every level fact holds\n" : "some level facts do not hold\n");
+
+    if (argc == 3) {
+        // Text needs the font database, which needs an application; no window opens.
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        QGuiApplication application(argc, argv);
+        if (!drawDifficultyPicture(curves, QString::fromLocal8Bit(argv[2]))) {
+            std::cerr << "check_levels: cannot write " << argv[2] << '\n';
+            return 1;
+        }
+    }
     return ok ? 0 : 1;
 }

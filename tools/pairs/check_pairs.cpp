@@ -1,11 +1,13 @@
 #include "check_pairs.h"
 
+#include "difficulty_curve.h"
+#include "difficulty_pairs.h"
+#include "level_symmetry.h"
 #include "solve_pairs.h"
 
 #include <algorithm>
 #include <chrono>
 #include <iomanip>
-#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -53,25 +55,34 @@ bool fullRectangle(std::string_view record)
     return tilesIn(record) == (right - left + 1) * (bottom - top + 1);
 }
 
-std::string levelList(const std::vector<int32_t> &levels)
-{
-    std::ostringstream text;
-    text << (levels.size() == 1 ? "level " : "levels ");
-    for (size_t i = 0; i < levels.size(); ++i) text << (i == 0 ? "" : ", ") << levels[i];
-    return text.str();
-}
-
 void row(std::ostream &out, std::string_view name, const std::string &value)
 {
     out << "  " << std::left << std::setw(22) << name << value << '\n';
+    out << std::right;
 }
 
 } // namespace
 
-bool checkPairLevels(std::string_view store, std::ostream &out)
+std::string namedInOrder(std::string cells)
 {
-    std::vector<std::string> failures;
-    auto fail = [&failures](const std::string &line) { failures.push_back(line); };
+    std::array<int32_t, 4> name{-1, -1, -1, -1}, turn{};
+    int32_t named = 0;
+    for (char &cell : cells) {
+        if (cell == '0') continue;
+        const int32_t value = static_cast<unsigned char>(cell);
+        const int32_t colour = PairBoard::couleur(value), pips = PairBoard::points(value) - 1;
+        if (name[colour] < 0) {
+            name[colour] = named++;
+            turn[colour] = pips;
+        }
+        cell = static_cast<char>(49 + 16 * name[colour] + (pips - turn[colour] + 4) % 4);
+    }
+    return cells;
+}
+
+StoreVerdict checkPairLevels(std::string_view store, std::ostream &out)
+{
+    Failures failures;
     auto record = [store](int32_t n) { return store.substr(static_cast<size_t>(n) * kLevelBytes, kLevelBytes); };
 
     const int32_t levels = static_cast<int32_t>(store.size() / kLevelBytes);
@@ -80,17 +91,14 @@ bool checkPairLevels(std::string_view store, std::ostream &out)
     row(out, "levels", std::to_string(levels));
     if (store.size() % kLevelBytes != 0 || levels != kLevels) {
         out << "FAILED: the store must hold " << kLevels << " levels of " << kLevelBytes << " bytes\n";
-        return false;
+        return {};
     }
     const size_t badByte = store.find_first_not_of(kAllowedBytes);
     if (badByte != std::string_view::npos) {
         out << "FAILED: byte " << badByte << " of level " << badByte / kLevelBytes << " is not a tile or '0'\n";
-        return false;
+        return {};
     }
-
-    for (const KnownPairLevel &known : kKnownPairLevels)
-        if (record(known.level) != known.record)
-            fail("level " + std::to_string(known.level) + " differs from its fixed record");
+    expectFixedLevels(store, kLevelBytes, kFixedPairLevels, failures);
 
     std::vector<int32_t> tiles(kLevels);
     for (int32_t n = 0; n < kLevels; ++n) tiles[n] = tilesIn(record(n));
@@ -103,17 +111,22 @@ bool checkPairLevels(std::string_view store, std::ostream &out)
     }
     row(out, "tiles, fewest", std::to_string(fewest) + " (" + levelList(fewestAt) + ")");
     row(out, "tiles, most", std::to_string(most) + " (" + levelList(mostAt) + ")");
-    if (fewest != kFewestTiles || fewestAt != std::vector<int32_t>{4})
-        fail("level 4 alone must have the fewest tiles, " + std::to_string(kFewestTiles));
-    if (most != kMostTiles || mostAt != std::vector<int32_t>{95})
-        fail("level 95 alone must have the most tiles, " + std::to_string(kMostTiles));
+    failures.expect(fewest == kFewestTiles && fewestAt == std::vector<int32_t>{4},
+                    "level 4 alone must have the fewest tiles, " + std::to_string(kFewestTiles));
+    failures.expect(most == kMostTiles && mostAt == std::vector<int32_t>{95},
+                    "level 95 alone must have the most tiles, " + std::to_string(kMostTiles));
 
     int32_t evenColours = 0;
     for (int32_t n = 0; n < kLevels; ++n) {
-        if (coloursEven(record(n))) ++evenColours;
-        else fail("level " + std::to_string(n) + " has an odd number of tiles of some colour");
+        const bool even = coloursEven(record(n));
+        evenColours += even ? 1 : 0;
+        failures.expect(even, "level " + std::to_string(n) + " has an odd number of tiles of some colour");
     }
     row(out, "colours even", std::to_string(evenColours) + " of " + std::to_string(kLevels));
+    const size_t kindsUsed = std::count_if(kAllowedBytes.begin() + 1, kAllowedBytes.end(),
+                                           [store](char kind) { return store.find(kind) != std::string_view::npos; });
+    row(out, "kinds of tile used", std::to_string(kindsUsed) + " of 16");
+    failures.expect(kindsUsed == 16, "some colour or pip count never appears");
 
     std::string oddText;
     int32_t solved = 0;
@@ -126,16 +139,16 @@ bool checkPairLevels(std::string_view store, std::ostream &out)
                                            [n](const OddParity &odd) { return odd.level == n; });
         if (p % 2 != 0) oddText += (oddText.empty() ? "" : ", ") + std::to_string(n) + " (P=" + std::to_string(p) + ")";
         if (expected != kUnsolvable.end()) {
-            if (p != expected->p)
-                fail("level " + std::to_string(n) + " has P=" + std::to_string(p) + ", not " +
-                     std::to_string(expected->p));
-            if (solvePairs(board)) fail("level " + std::to_string(n) + " has a solution");
+            failures.expect(p == expected->p, "level " + std::to_string(n) + " has P=" + std::to_string(p) + ", not " +
+                                                  std::to_string(expected->p));
+            failures.expect(!solvePairs(board), "level " + std::to_string(n) + " has a solution");
             continue;
         }
-        if (p % 2 != 0) fail("level " + std::to_string(n) + " has an odd P and so no solution");
+        failures.expect(p % 2 == 0, "level " + std::to_string(n) + " has an odd P and so no solution");
         const auto moves = solvePairs(board);
-        if (moves && playsToEmpty(board, *moves)) ++solved;
-        else fail("level " + std::to_string(n) + ": no solution found");
+        const bool emptied = moves && playsToEmpty(board, *moves);
+        solved += emptied ? 1 : 0;
+        failures.expect(emptied, "level " + std::to_string(n) + ": no solution found");
     }
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     row(out, "odd P", oddText.empty() ? "none" : oddText);
@@ -149,28 +162,32 @@ bool checkPairLevels(std::string_view store, std::ostream &out)
         for (int32_t n = block * kBlock; n < (block + 1) * kBlock; ++n) sum += tiles[n];
         const double mean = sum / kBlock;
         means << (block == 0 ? "" : " ") << mean;
-        if (mean <= previous)
-            fail("the levels " + std::to_string(block * kBlock) + " to " + std::to_string((block + 1) * kBlock - 1) +
-                 " do not have more tiles on average than the block before");
+        failures.expect(mean > previous, "the levels " + std::to_string(block * kBlock) + " to " +
+                                             std::to_string((block + 1) * kBlock - 1) +
+                                             " do not have more tiles on average than the block before");
         previous = mean;
     }
     row(out, "mean tiles per 20", means.str());
 
-    std::set<std::string_view> distinct;
     int32_t notRectangles = 0;
-    for (int32_t n = 0; n < kLevels; ++n) {
-        distinct.insert(record(n));
-        if (!fullRectangle(record(n))) ++notRectangles;
-    }
-    row(out, "distinct levels", std::to_string(distinct.size()));
+    for (int32_t n = 0; n < kLevels; ++n) notRectangles += fullRectangle(record(n)) ? 0 : 1;
+    const auto repeats = repeatedLevels(store, kPairLayout);
+    row(out, "distinct levels", std::to_string(kLevels - static_cast<int32_t>(repeats.size())));
     row(out, "not full rectangles", std::to_string(notRectangles));
-    if (static_cast<int32_t>(distinct.size()) != kLevels) fail("some levels are equal");
-    if (notRectangles * 2 < kLevels) fail("fewer than half of the levels are other than full rectangles");
+    for (const auto &[later, earlier] : repeats)
+        failures.expect(false, "level " + std::to_string(later) + " repeats level " + std::to_string(earlier) +
+                                   ", moved, mirrored, turned or recoloured");
+    failures.expect(notRectangles * 2 >= kLevels, "fewer than half of the levels are other than full rectangles");
 
     std::ostringstream time;
     time << std::fixed << std::setprecision(3) << seconds << " s";
     row(out, "solver time", time.str());
 
-    for (const std::string &line : failures) out << "FAILED: " << line << '\n';
-    return failures.empty();
+    std::vector<double> difficulty;
+    for (int32_t n = 0; n < kLevels; ++n)
+        difficulty.push_back(rememberedDifficulty(record(n), [](std::string_view r) { return measurePairDifficulty(r).pairsPerWin; }));
+    judgeDifficulty(difficulty, kFixedPairLevels, "pairs a random player removes per win", out, failures);
+
+    failures.print(out);
+    return {failures.none(), difficulty};
 }

@@ -1,18 +1,14 @@
 // Checks a tile pairs level store against what the shipped levels must satisfy.
 #pragma once
 
+#include "level_symmetry.h"
+#include "level_tools.h"
+
 #include <array>
-#include <cstdint>
 #include <ostream>
 #include <string_view>
 
-// A level whose record is fixed: its index and its 81 bytes, rows top to bottom.
-struct KnownPairLevel {
-    int32_t level;
-    std::string_view record;
-};
-
-inline constexpr std::array<KnownPairLevel, 7> kKnownPairLevels{{
+inline constexpr std::array<FixedLevel, 7> kFixedPairLevels{{
     {0, "000000000" "000000000" "0002Sdd00" "000C1C100" "000BT2B00" "000000000" "000000000" "000000000" "000000000"},
     {1, "000000000" "000000000" "000134400" "000412100" "000434400" "000000000" "000000000" "000000000" "000000000"},
     {4, "000000000" "000000000" "0000c0000" "0000a0000" "00dd0cd00" "0000a0000" "0000d0000" "000000000" "000000000"},
@@ -22,6 +18,14 @@ inline constexpr std::array<KnownPairLevel, 7> kKnownPairLevels{{
     {119, "QQTQQQTTR" "RSRSTTQQT" "STRSQSTSQ" "TRSTRSTTQ" "TTSQRSSTR" "RTSSSTTTT" "TQTRTQRTR" "R00000000" "000000000"},
 }};
 
-// Prints a table of figures about the store and one line for each fact that fails;
-// true when every fact holds.
-bool checkPairLevels(std::string_view store, std::ostream &out);
+// Names the colours of a level in the order they first appear, and counts each colour's pips from
+// its first tile: swapping colours, or turning all the pips of one colour alike, leaves the puzzle
+// as it was.
+std::string namedInOrder(std::string cells);
+
+// Empty cells take no part in the rules, and the rules treat the four directions alike.
+inline constexpr LevelLayout kPairLayout{9, 9, Symmetries::Square, namedInOrder};
+
+// Prints a table of figures about the store and the difficulty of its levels, then one line for
+// each fact that fails.
+StoreVerdict checkPairLevels(std::string_view store, std::ostream &out);

@@ -1,15 +1,18 @@
-// Writes the tile pairs level store: 120 levels of 81 bytes, the fixed records in their
-// places and the others built backwards from an empty board, so each has a solution.
+// Writes the tile pairs level store: 120 levels of 81 bytes, the fixed records in their places and
+// the others built backwards from an empty board, so each has a solution. For each other place a
+// level is drawn until its difficulty lies near a curve rising from the first place to the last; the
+// levels drawn are then put in order of difficulty. The seed is fixed: the same bytes come out on
+// every run.
 #include "check_pairs.h"
+#include "difficulty_pairs.h"
+#include "difficulty_curve.h"
 #include "pair_board.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <fstream>
 #include <iostream>
 #include <random>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,14 +23,12 @@ constexpr int32_t kSide = PairBoard::kCotes;
 constexpr int32_t kCells = kSide * kSide;
 constexpr int32_t kLevels = 120;
 constexpr uint32_t kSeed = 3103;
+constexpr int32_t kDrawsPerLevel = 100000;
+
+// The difficulty aimed at, in pairs removed per win.
+constexpr DifficultyAim kAim{6, 1200, 1.2};
 
 using Shape = std::vector<int32_t>; // cell codes of the tiles of a level
-
-// A number from 0 to n - 1.
-int32_t below(std::mt19937 &rng, int32_t n)
-{
-    return static_cast<int32_t>((static_cast<uint64_t>(rng()) * static_cast<uint64_t>(n)) >> 32);
-}
 
 std::vector<int32_t> neighboursOf(int32_t c)
 {
@@ -146,13 +147,12 @@ Shape shapeFor(std::mt19937 &rng, int32_t tiles)
     }
 }
 
-// Fills the shape by running the take-back of the model from an empty board: the pairs,
-// played in order, empty the level again.
-std::string filledLevel(std::mt19937 &rng, Shape cells)
+// Fills the shape with pairs of at most `colourCount` colours by running the take-back of the model
+// from an empty board: the pairs, played in order, empty the level again.
+std::string filledLevel(std::mt19937 &rng, Shape cells, int32_t colourCount)
 {
     std::array<int32_t, 4> colours{0, 1, 2, 3};
     for (int32_t i = 3; i > 0; --i) std::swap(colours[i], colours[below(rng, i + 1)]);
-    const int32_t colourCount = 1 + below(rng, 4);
 
     PairBoard board;
     while (!cells.empty()) {
@@ -197,28 +197,22 @@ int main(int argc, char **argv)
         return 2;
     }
     std::mt19937 rng(kSeed);
-    std::string store;
-    std::set<std::string> seen;
-    for (const KnownPairLevel &known : kKnownPairLevels) seen.emplace(known.record);
-    for (int32_t level = 0; level < kLevels; ++level) {
-        const auto known = std::find_if(kKnownPairLevels.begin(), kKnownPairLevels.end(),
-                                        [level](const KnownPairLevel &k) { return k.level == level; });
-        if (known != kKnownPairLevels.end()) {
-            store += known->record;
-            continue;
-        }
-        std::string record;
-        do {
-            const int32_t tiles = tilesFor(rng, level);
-            record = filledLevel(rng, shapeFor(rng, tiles));
-        } while (seen.count(record) != 0);
-        seen.insert(record);
-        store += record;
+    std::vector<std::string> levels(kLevels);
+    for (const FixedLevel &fixed : kFixedPairLevels) levels[fixed.index] = std::string(fixed.record);
+    const auto draw = [&rng](int32_t level) {
+        const Shape shape = shapeFor(rng, tilesFor(rng, level));
+        const int32_t colours = 1 + below(rng, 4);
+        return filledLevel(rng, shape, colours);
+    };
+    const auto measure = [](std::string_view record, double ceiling) {
+        return measurePairDifficulty(record, ceiling).pairsPerWin;
+    };
+    if (!fillAlongCurve(levels, kPairLayout, kAim, draw, measure, kDrawsPerLevel)) {
+        std::cerr << "generate_pairs: a place found no level\n";
+        return 1;
     }
-    std::ofstream file(argv[1], std::ios::binary);
-    file.write(store.data(), static_cast<std::streamsize>(store.size()));
-    if (!file) {
-        std::cerr << "cannot write " << argv[1] << '\n';
+    if (!writeLevels(argv[1], levels)) {
+        std::cerr << "generate_pairs: cannot write " << argv[1] << '\n';
         return 1;
     }
     return 0;

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <fstream>
 #include <iostream>
 #include <random>
 #include <set>
@@ -120,9 +119,9 @@ int main(int argc, char **argv)
     }
     std::vector<std::string> levels(kLevelCount);
     std::set<std::string> used;
-    for (const TellingStoneLevel &telling : tellingStoneLevels()) {
-        levels[static_cast<size_t>(telling.level)] = std::string(telling.record);
-        used.insert(std::string(telling.record));
+    for (const FixedLevel &fixed : kFixedStoneLevels) {
+        levels[static_cast<size_t>(fixed.index)] = std::string(fixed.record);
+        used.insert(std::string(fixed.record));
     }
     std::mt19937 rng(kSeed);
     for (int32_t n = 0; n < kLevelCount; ++n) {
@@ -132,10 +131,7 @@ int main(int argc, char **argv)
         used.insert(level);
     }
 
-    std::ofstream file(argv[1], std::ios::binary);
-    for (const std::string &level : levels) file << level;
-    file.close();
-    if (!file) {
+    if (!writeLevels(argv[1], levels)) {
         std::cerr << "cannot write " << argv[1] << '\n';
         return 1;
     }

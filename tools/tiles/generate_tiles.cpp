@@ -1,19 +1,21 @@
 // Writes the store of pip tile levels: generate_tiles <output file>.
-// Each level is a shape and a random order of placement, recorded as the values
-// the placements leave, so every level has a solution. The fixed records keep
-// their places, and the others are drawn so that a set share of the store needs
-// the fall from 5 to 1. The seed is fixed: the same bytes come out on every run.
+// Each level is a shape and an order of placement, recorded as the values the placements leave, so
+// every level has a solution. The fixed records keep their places. For each other place a level is
+// drawn until its difficulty lies near a curve rising from the first place to the last, with a set
+// share of the store needing the fall from 5 to 1; the levels drawn are then put in order of
+// difficulty. The seed is fixed: the same bytes come out on every run.
 
 #include "check_tiles.h"
+#include "difficulty_tiles.h"
+#include "difficulty_curve.h"
 #include "solve_tiles.h"
 #include "tile_board.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
-#include <fstream>
 #include <iostream>
 #include <random>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -22,70 +24,113 @@ namespace {
 constexpr uint32_t kSeed = 20240611;
 constexpr int32_t kLevelCount = 100;
 constexpr int32_t kLevelsNeedingFall = 53;
-constexpr int32_t kFewestCells = 5;
+constexpr int32_t kFewestDrawnCells = 6;
 constexpr int32_t kMostDrawnCells = 36; // 37 is kept for one fixed level
-constexpr int32_t kSizeJitter = 4;
-constexpr int32_t kAttemptsPerLevel = 20000;
-constexpr int32_t kCells = TileBoard::kOctetsParNiveau;
+constexpr int32_t kDrawsPerLevel = 400000;
+constexpr int32_t kW = TileBoard::kColonnes, kH = TileBoard::kLignes, kCells = kW * kH;
 
-// A number from 0 to n - 1, mapped from the generator's raw output so that it does
-// not depend on the standard library's distributions.
-int32_t below(std::mt19937 &rng, int32_t n)
-{
-    return static_cast<int32_t>((static_cast<uint64_t>(rng()) * static_cast<uint64_t>(n)) >> 32);
-}
+// The difficulty aimed at, in tiles laid per win.
+constexpr DifficultyAim kAim{6, 500, 1.2};
 
-template <typename T>
-void shuffle(std::vector<T> &items, std::mt19937 &rng)
-{
-    for (int32_t i = static_cast<int32_t>(items.size()) - 1; i > 0; --i)
-        std::swap(items[i], items[below(rng, i + 1)]);
-}
-
-// How many cells level n gets: growing along the store, with some jitter.
+// How many cells level n gets: growing along the store, but never more than a level completed at the
+// first attempt would have at the aimed difficulty, give or take a few.
 int32_t cellsForLevel(int32_t n, std::mt19937 &rng)
 {
-    const int32_t trend = kFewestCells + (kMostDrawnCells - kFewestCells) * n / (kLevelCount - 1);
-    const int32_t size = trend + below(rng, 2 * kSizeJitter + 1) - kSizeJitter;
-    return std::clamp(size, kFewestCells, kMostDrawnCells);
+    const double trend = kFewestDrawnCells + (kMostDrawnCells - kFewestDrawnCells) * n / (kLevelCount - 1.0);
+    const int32_t centre = static_cast<int32_t>(std::lround(std::min(trend, kAim.at(n, kLevelCount))));
+    const int32_t jitter = 1 + centre / 8;
+    return std::clamp(centre + below(rng, 2 * jitter + 1) - jitter, kFewestDrawnCells, kMostDrawnCells);
 }
 
-// A rectangle of that many cells if one fits and the draw asks for it, otherwise a
-// connected shape grown from one cell. Gives the cell codes.
+std::vector<int32_t> neighboursIn(const std::vector<bool> &inShape, int32_t code)
+{
+    std::vector<int32_t> list;
+    const int32_t x = code % kW, y = code / kW;
+    for (const auto &[nx, ny] : {std::pair{x - 1, y}, {x + 1, y}, {x, y - 1}, {x, y + 1}})
+        if (nx >= 0 && nx < kW && ny >= 0 && ny < kH && inShape[ny * kW + nx]) list.push_back(ny * kW + nx);
+    return list;
+}
+
+// The cells moved so that their bounding box stands in the middle of the board.
+std::vector<int32_t> centred(std::vector<int32_t> cells)
+{
+    int32_t left = kW, right = 0, top = kH, bottom = 0;
+    for (int32_t code : cells) {
+        left = std::min(left, code % kW);
+        right = std::max(right, code % kW);
+        top = std::min(top, code / kW);
+        bottom = std::max(bottom, code / kW);
+    }
+    const int32_t shift = (kW - (right - left + 1)) / 2 - left + ((kH - (bottom - top + 1)) / 2 - top) * kW;
+    for (int32_t &code : cells) code += shift;
+    return cells;
+}
+
+// A connected shape of that many cells as cell codes, in the middle of the board: a rectangle when
+// one fits and the draw asks for it, otherwise grown a cell at a time from one cell, or from a cross
+// so that its middle cell has four neighbours.
 std::vector<int32_t> drawShape(int32_t size, std::mt19937 &rng)
 {
-    std::vector<bool> inShape(kCells, false);
     std::vector<int32_t> cells;
-    if (below(rng, 6) == 0) {
-        for (int32_t h = TileBoard::kLignes; h >= 1; --h) {
+    const int32_t style = below(rng, 6);
+    if (style == 0) {
+        for (int32_t h = kH; h >= 1; --h) {
             const int32_t w = size / h;
-            if (size % h != 0 || w > TileBoard::kColonnes) continue;
-            const int32_t left = below(rng, TileBoard::kColonnes - w + 1);
-            const int32_t top = below(rng, TileBoard::kLignes - h + 1);
-            for (int32_t y = top; y < top + h; ++y)
-                for (int32_t x = left; x < left + w; ++x) cells.push_back(y * TileBoard::kColonnes + x);
-            return cells;
+            if (size % h != 0 || w > kW) continue;
+            for (int32_t y = 0; y < h; ++y)
+                for (int32_t x = 0; x < w; ++x) cells.push_back(y * kW + x);
+            return centred(cells);
         }
     }
-    const int32_t start = below(rng, kCells);
-    inShape[start] = true;
-    cells.push_back(start);
+    std::vector<bool> inShape(kCells, false);
+    if (style == 1 && size >= 5) {
+        const int32_t middle = (1 + below(rng, kH - 2)) * kW + 1 + below(rng, kW - 2);
+        for (int32_t code : {middle, middle - 1, middle + 1, middle - kW, middle + kW}) inShape[code] = true;
+        cells = {middle, middle - 1, middle + 1, middle - kW, middle + kW};
+    } else {
+        cells.push_back(below(rng, kCells));
+        inShape[cells[0]] = true;
+    }
     while (static_cast<int32_t>(cells.size()) < size) {
         const int32_t from = cells[below(rng, static_cast<int32_t>(cells.size()))];
-        int32_t x = from % TileBoard::kColonnes, y = from / TileBoard::kColonnes;
+        int32_t x = from % kW, y = from / kW;
         switch (below(rng, 4)) {
         case 0: --x; break;
         case 1: ++x; break;
         case 2: --y; break;
         default: ++y; break;
         }
-        if (x < 0 || x >= TileBoard::kColonnes || y < 0 || y >= TileBoard::kLignes) continue;
-        const int32_t code = y * TileBoard::kColonnes + x;
-        if (inShape[code]) continue;
-        inShape[code] = true;
-        cells.push_back(code);
+        if (x < 0 || x >= kW || y < 0 || y >= kH || inShape[y * kW + x]) continue;
+        inShape[y * kW + x] = true;
+        cells.push_back(y * kW + x);
     }
-    return cells;
+    return centred(cells);
+}
+
+// An order of placement in which every cell but the first comes after one of its neighbours, the
+// first having fewer than four: no tile then ever reaches 5 pips, and the level never needs the fall.
+// Empty when every cell of the shape has four neighbours, which a shape on this board cannot.
+std::vector<int32_t> grownOrder(const std::vector<int32_t> &shape, std::mt19937 &rng)
+{
+    std::vector<bool> inShape(kCells, false), placed(kCells, false);
+    for (int32_t code : shape) inShape[code] = true;
+    std::vector<int32_t> starts;
+    for (int32_t code : shape)
+        if (neighboursIn(inShape, code).size() < 4) starts.push_back(code);
+    std::vector<int32_t> order{starts[below(rng, static_cast<int32_t>(starts.size()))]};
+    placed[order[0]] = true;
+    while (order.size() < shape.size()) {
+        std::vector<int32_t> next;
+        for (int32_t code : shape)
+            if (!placed[code]) {
+                const auto around = neighboursIn(inShape, code);
+                if (std::any_of(around.begin(), around.end(), [&placed](int32_t k) { return placed[k]; }))
+                    next.push_back(code);
+            }
+        order.push_back(next[below(rng, static_cast<int32_t>(next.size()))]);
+        placed[order.back()] = true;
+    }
+    return order;
 }
 
 // Places the cells in the given order on the real board and reads the record they leave.
@@ -95,10 +140,9 @@ std::string recordPlacements(const std::vector<int32_t> &order)
     for (int32_t code : order) shape[code] = '1';
     TileBoard board;
     board.LitNiveau1(shape, 0);
-    for (int32_t code : order) board.Pose1(code % TileBoard::kColonnes, code / TileBoard::kColonnes);
+    for (int32_t code : order) board.Pose1(code % kW, code / kW);
     std::string record(kCells, '0');
-    for (int32_t code : order)
-        record[code] = static_cast<char>('0' + board.tabJeu1[code % TileBoard::kColonnes][code / TileBoard::kColonnes]);
+    for (int32_t code : order) record[code] = static_cast<char>('0' + board.tabJeu1[code % kW][code / kW]);
     return record;
 }
 
@@ -119,11 +163,9 @@ int main(int argc, char **argv)
     }
     std::mt19937 rng(kSeed);
     std::vector<std::string> levels(kLevelCount);
-    std::set<std::string> taken;
     int32_t fixedNeedingFall = 0;
-    for (const FixedTileLevel &fixed : kFixedTileLevels) {
+    for (const FixedLevel &fixed : kFixedTileLevels) {
         levels[fixed.index] = std::string(fixed.record);
-        taken.insert(levels[fixed.index]);
         fixedNeedingFall += needsFall(levels[fixed.index]) ? 1 : 0;
     }
 
@@ -135,25 +177,21 @@ int main(int argc, char **argv)
     std::vector<bool> wantsFall(kLevelCount, false);
     for (int32_t i = 0; i < kLevelsNeedingFall - fixedNeedingFall; ++i) wantsFall[drawOrder[i]] = true;
 
-    for (int32_t n : open) {
-        const int32_t size = cellsForLevel(n, rng);
-        for (int32_t attempt = 0; levels[n].empty(); ++attempt) {
-            if (attempt == kAttemptsPerLevel) {
-                std::cerr << "generate_tiles: no level " << n << " of " << size << " cells found\n";
-                return 1;
-            }
-            std::vector<int32_t> order = drawShape(size, rng);
-            shuffle(order, rng);
-            const std::string record = recordPlacements(order);
-            if (taken.count(record) == 0 && needsFall(record) == wantsFall[n]) levels[n] = record;
-        }
-        taken.insert(levels[n]);
+    const auto draw = [&rng, &wantsFall](int32_t n) {
+        std::vector<int32_t> order = drawShape(cellsForLevel(n, rng), rng);
+        if (wantsFall[n]) shuffle(order, rng);
+        else order = grownOrder(order, rng);
+        const std::string record = recordPlacements(order);
+        return wantsFall[n] && !needsFall(record) ? std::string() : record;
+    };
+    const auto measure = [](std::string_view record, double ceiling) {
+        return measureTileDifficulty(record, ceiling).laidPerWin;
+    };
+    if (!fillAlongCurve(levels, kTileLayout, kAim, draw, measure, kDrawsPerLevel)) {
+        std::cerr << "generate_tiles: a place found no level\n";
+        return 1;
     }
-
-    std::ofstream file(argv[1], std::ios::binary | std::ios::trunc);
-    for (const std::string &level : levels) file << level;
-    file.close();
-    if (!file) {
+    if (!writeLevels(argv[1], levels)) {
         std::cerr << "generate_tiles: cannot write " << argv[1] << '\n';
         return 1;
     }

@@ -1,6 +1,10 @@
 // The pairs game: its board model worked by hand and at random, every stored level emptied by its
-// solution on the real board, levels built backwards solved forwards, and the store's check.
+// solution on the real board, levels built backwards solved forwards, its random player against an
+// exact account of it, and the store's check.
 #include "check_pairs.h"
+#include "difficulty_pairs.h"
+#include "exact_odds.h"
+#include "level_edits.h"
 #include "solve_pairs.h"
 
 #include <QFile>
@@ -9,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -71,6 +76,59 @@ void replayToEmpty(PairBoard board, const std::vector<PairMove> &moves)
         board.Retire3(second % 9, second / 9);
     }
     QVERIFY(board.Vide3());
+}
+
+// A level built backwards from an empty board by the take-back of the model: `pairs` pairs on the
+// cells of the top left `side` by `side` square, of at most `colours` colours, every other pair
+// touching where it can. Gives the pairs that empty it again, in order.
+std::vector<PairMove> buildBackwards(PairBoard &board, QRandomGenerator &random, int pairs, int side, int colours)
+{
+    std::vector<int> cells;
+    for (int c = 0; c < 81; ++c)
+        if (c % 9 < side && c / 9 < side) cells.push_back(c);
+    const auto take = [&](int c) {
+        std::erase(cells, c);
+        return c;
+    };
+    std::vector<PairMove> moves;
+    for (int pair = 0; pair < pairs; ++pair) {
+        const int first = take(cells.at(random.bounded(int(cells.size()))));
+        int second = cells.at(random.bounded(int(cells.size())));
+        if (pair % 2 == 0 && first % 9 < 8 && std::find(cells.begin(), cells.end(), first + 1) != cells.end())
+            second = first + 1;
+        moves.emplace_back(first, take(second));
+        board.iCoup3 += 1;
+        board.tabCoupA3[board.iCoup3] = first;
+        board.tabCoupB3[board.iCoup3] = second;
+        board.tabCoupV3[board.iCoup3] = 49 + 16 * random.bounded(colours) + random.bounded(4);
+    }
+    while (board.iCoup3 >= 0) board.Annule3();
+    return moves;
+}
+
+// What the random player does on average from this board: the chance that it empties it, and the
+// pairs it removes on the way. It picks a tile that has a partner, each as likely, then one of that
+// tile's partners, each as likely. Positions met before are looked up in `known`.
+ExactOdds randomOdds(PairBoard &board, std::map<std::string, ExactOdds> &known)
+{
+    const std::string position(reinterpret_cast<const char *>(&board.tabPions3[0][0]), sizeof board.tabPions3);
+    if (const auto found = known.find(position); found != known.end()) return found->second;
+    std::vector<std::pair<int, std::vector<int>>> firsts;
+    for (int c = 0; c < 81; ++c)
+        if (board.tabPions3[c % 9][c / 9] != 0)
+            if (std::vector<int> partners = matchesOf(board, c); !partners.empty()) firsts.emplace_back(c, partners);
+    ExactOdds odds{board.Vide3() ? 1.0 : 0.0, 0.0};
+    for (const auto &[first, partners] : firsts)
+        for (int second : partners) {
+            board.Selectionne3(first % 9, first / 9);
+            board.Retire3(second % 9, second / 9);
+            const ExactOdds next = randomOdds(board, known);
+            board.Annule3();
+            const double chance = 1.0 / static_cast<double>(firsts.size() * partners.size());
+            odds.win += chance * next.win;
+            odds.moves += chance * (1 + next.moves);
+        }
+    return known[position] = odds;
 }
 
 } // namespace
@@ -269,26 +327,8 @@ private slots:
     {
         QRandomGenerator random(77);
         for (int round = 0; round < 20; ++round) {
-            std::vector<int> cells;
-            for (int c = 0; c < 81; ++c) cells.push_back(c);
-            const auto take = [&](int c) {
-                std::erase(cells, c);
-                return c;
-            };
             PairBoard board;
-            std::vector<PairMove> moves;
-            for (int pair = 0; pair < 8 + round; ++pair) {
-                const int first = take(cells.at(random.bounded(int(cells.size()))));
-                int second = cells.at(random.bounded(int(cells.size())));
-                if (pair % 2 == 0 && first % 9 < 8 && std::find(cells.begin(), cells.end(), first + 1) != cells.end())
-                    second = first + 1;
-                moves.emplace_back(first, take(second));
-                board.iCoup3 += 1;
-                board.tabCoupA3[board.iCoup3] = first;
-                board.tabCoupB3[board.iCoup3] = second;
-                board.tabCoupV3[board.iCoup3] = 49 + 16 * random.bounded(4) + random.bounded(4);
-            }
-            while (board.iCoup3 >= 0) board.Annule3();
+            const std::vector<PairMove> moves = buildBackwards(board, random, 8 + round, 9, 4);
             QVERIFY(!board.Vide3());
             replayToEmpty(board, moves);
             const auto found = solvePairs(board);
@@ -297,36 +337,78 @@ private slots:
         }
     }
 
+    // The measured pairs per win come close to the exact figure of the random player on small
+    // levels, and equal it where the player cannot fail.
+    void randomPlayerAgreesWithItsExactOdds()
+    {
+        QRandomGenerator random(5);
+        int withTraps = 0;
+        for (int round = 0; round < 150; ++round) {
+            PairBoard board;
+            buildBackwards(board, random, 2 + round % 4, 3 + round % 2, 1 + round % 3);
+            std::map<std::string, ExactOdds> known;
+            const ExactOdds exact = randomOdds(board, known);
+            std::string record(81, '0');
+            for (int c = 0; c < 81; ++c)
+                if (board.tabPions3[c % 9][c / 9] != 0) record[c] = static_cast<char>(board.tabPions3[c % 9][c / 9]);
+            withTraps += exact.win < 1 ? 1 : 0;
+            QCOMPARE(measuredAgainstExact(record, measurePairDifficulty(record).pairsPerWin, exact), QString());
+        }
+        QVERIFY(withTraps > 30);
+    }
+
     void checkerAcceptsTheShippedStore()
     {
         std::ostringstream out;
-        QVERIFY2(checkPairLevels(store, out), out.str().c_str());
+        QVERIFY2(checkPairLevels(store, out).ok, out.str().c_str());
         QVERIFY(out.str().find("118 of 118") != std::string::npos);
     }
 
     void checkerRejectsCorruptedStores_data()
     {
         QTest::addColumn<QString>("change");
-        for (const char *change : {"alien", "fixed", "remove", "recolour", "pip", "copy", "cut"})
-            QTest::newRow(change) << change;
+        QTest::addColumn<QString>("complaint");
+        QTest::newRow("alien") << "alien" << "is not a tile or '0'";
+        QTest::newRow("fixed") << "fixed" << "level 95 differs from its fixed record";
+        QTest::newRow("remove") << "remove" << "level 50 has an odd number of tiles of some colour";
+        QTest::newRow("recolour") << "recolour" << "level 50 has an odd number of tiles of some colour";
+        QTest::newRow("pip") << "pip" << "level 50 has an odd P";
+        QTest::newRow("copy") << "copy" << "level 61 repeats level 60";
+        QTest::newRow("mirror") << "mirror" << "level 61 repeats level 60";
+        QTest::newRow("colours swapped") << "colours swapped" << "level 61 repeats level 60";
+        QTest::newRow("easy last") << "easy last" << "level 110 of the last quarter is easier";
+        QTest::newRow("cut") << "cut" << "the store must hold 120 levels";
     }
     void checkerRejectsCorruptedStores()
     {
         QFETCH(QString, change);
+        QFETCH(QString, complaint);
         std::string damaged = store;
         const size_t tile = damaged.find_first_not_of('0', 50 * 81);
         char &t = damaged[tile];
         const char blue = static_cast<char>('1' + (t - 49) % 16);
-        if (change == "alien") t = 'Z';                                           // a byte outside the alphabet
-        if (change == "fixed") damaged[95 * 81] = '4';                            // a fixed record changed
-        if (change == "remove") t = '0';                                          // a tile taken away
-        if (change == "recolour") t = blue == t ? 'A' : blue;                     // a tile of another colour
-        if (change == "pip") t = static_cast<char>(t % 16 == 4 ? t - 3 : t + 1);  // one pip more, so P odd
-        if (change == "copy") damaged.replace(61 * 81, 81, damaged, 60 * 81, 81); // two levels equal
-        if (change == "cut") damaged.resize(damaged.size() - 81);                 // the store cut short
+        // Level 60 with each colour moved on by one and the pips of its blue tiles turned.
+        std::string recoloured = store.substr(60 * 81, 81);
+        for (char &c : recoloured) {
+            if (c == '0') continue;
+            const int colour = (c - 48) / 16, pips = (c - 48) % 16;
+            c = static_cast<char>(48 + 16 * ((colour + 1) % 4) + (colour == 0 ? pips % 4 + 1 : pips));
+        }
+        if (change == "alien") t = 'Z';                                          // a byte outside the alphabet
+        if (change == "fixed") damaged[95 * 81] = '4';                           // a fixed record changed
+        if (change == "remove") t = '0';                                         // a tile taken away
+        if (change == "recolour") t = blue == t ? 'A' : blue;                    // a tile of another colour
+        if (change == "pip") t = static_cast<char>(t % 16 == 4 ? t - 3 : t + 1); // one pip more, so P odd
+        if (change == "copy") damaged.replace(61 * 81, 81, damaged, 60 * 81, 81);
+        if (change == "mirror")
+            damaged.replace(61 * 81, 81, movedLevel(store.substr(60 * 81, 81), 9, 9, [](int x, int y) { return std::pair{-x, y}; }));
+        if (change == "colours swapped") damaged.replace(61 * 81, 81, recoloured);
+        if (change == "easy last") damaged = withLevelsSwapped(damaged, 81, 3, 110);
+        if (change == "cut") damaged.resize(damaged.size() - 81); // the store cut short
         std::ostringstream out;
-        QVERIFY(!checkPairLevels(damaged, out));
-        QVERIFY(out.str().find("FAILED") != std::string::npos);
+        QVERIFY(!checkPairLevels(damaged, out).ok);
+        QVERIFY2(out.str().find("FAILED: ") != std::string::npos && out.str().find(complaint.toStdString()) != std::string::npos,
+                 out.str().c_str());
     }
 };
 

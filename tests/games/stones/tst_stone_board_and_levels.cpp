@@ -1,6 +1,7 @@
 // The stones game: its board model worked by hand, its solver against an exhaustive search, every
 // stored level cleared by its solution on the real board, and the store's check.
 #include "check_stones.h"
+#include "level_edits.h"
 #include "solve_stones.h"
 #include "stone_board.h"
 
@@ -194,7 +195,7 @@ private slots:
     void checkerAcceptsTheShippedStore()
     {
         std::ostringstream out;
-        QVERIFY2(checkStoneLevels(store, out), out.str().c_str());
+        QVERIFY2(checkStoneLevels(store, out).ok, out.str().c_str());
         QVERIFY(out.str().find("distinct levels    100") != std::string::npos);
     }
 
@@ -207,7 +208,12 @@ private slots:
         QTest::newRow("foreign byte") << Damage([](std::string &s) { s[500] = '2'; }) << "other than";
         QTest::newRow("fixed level changed") << Damage([](std::string &s) { s[99 * 72] = '0'; }) << "level 99 differs";
         QTest::newRow("level repeated") << Damage([](std::string &s) { s.replace(30 * 72, 72, s, 31 * 72, 72); })
-                                        << "repeat";
+                                        << "level 31 repeats level 30";
+        QTest::newRow("level moved and mirrored") << Damage([](std::string &s) {
+            s.replace(31 * 72, 72, movedLevel(s.substr(30 * 72, 72), 8, 9, [](int x, int y) { return std::pair{x, -y}; }));
+        }) << "level 31 repeats level 30";
+        QTest::newRow("easy level last") << Damage([](std::string &s) { s = withLevelsSwapped(s, 72, 3, 97); })
+                                         << "level 97 of the last quarter is easier";
         // One stone added on the thirty-cell pattern leaves the level without a solution.
         QTest::newRow("level unclearable")
             << Damage([](std::string &s) { s[50 * 72] ^= 1; }) << "cannot be cleared: level 50";
@@ -224,7 +230,7 @@ private slots:
         std::string damaged = store;
         damage(damaged);
         std::ostringstream out;
-        QVERIFY(!checkStoneLevels(damaged, out));
+        QVERIFY(!checkStoneLevels(damaged, out).ok);
         QVERIFY2(out.str().find("FAILED: ") != std::string::npos
                      && out.str().find(failure.toStdString()) != std::string::npos,
                  out.str().c_str());

@@ -1,6 +1,10 @@
 // The tiles game: its board model worked by hand and at random, its solver against a brute force,
-// every stored level solved on the real board, and the store's check.
+// its careful player against an exact account of it, every stored level solved on the real board,
+// and the store's check.
 #include "check_tiles.h"
+#include "difficulty_tiles.h"
+#include "exact_odds.h"
+#include "level_edits.h"
 #include "solve_tiles.h"
 #include "tile_board.h"
 
@@ -24,17 +28,6 @@ std::string readStore()
 {
     QFile file(QStringLiteral(LEVELS_DIR "/niveaux1.dat"));
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
-}
-
-int32_t below(std::mt19937 &rng, int32_t n)
-{
-    return static_cast<int32_t>((static_cast<uint64_t>(rng()) * static_cast<uint64_t>(n)) >> 32);
-}
-
-template <class T>
-void shuffle(std::vector<T> &v, std::mt19937 &rng)
-{
-    for (int32_t i = static_cast<int32_t>(v.size()) - 1; i > 0; --i) std::swap(v[i], v[below(rng, i + 1)]);
 }
 
 bool onBoard(int32_t x, int32_t y) { return x >= 0 && x < 8 && y >= 0 && y < 5; }
@@ -140,6 +133,32 @@ std::string smallLevel(std::mt19937 &rng)
     for (int32_t code : cells) place(board, code);
     for (int32_t code : cells) level[code] = static_cast<char>('0' + at(board, code));
     return level;
+}
+
+// What the careful player does on average from this board: the chance that it completes it, and
+// the tiles it lays on the way. It lays a tile only where the tile can still end on its target,
+// that is where 1 plus the empty neighbours, 5 falling to 1, is the target; each such choice is as
+// likely as the others.
+ExactOdds carefulOdds(TileBoard &board, const std::vector<int32_t> &cells)
+{
+    std::vector<int32_t> careful;
+    for (int32_t code : cells) {
+        const int32_t x = code % 8, y = code / 8;
+        const auto empty = std::count_if(std::begin(kNeighbours), std::end(kNeighbours), [&](const int32_t *d) {
+            return onBoard(x + d[0], y + d[1]) && board.tabJeu1[x + d[0]][y + d[1]] == kSocle;
+        });
+        if (at(board, code) == kSocle && empty % 4 + 1 == board.tabCible1[x][y]) careful.push_back(code);
+    }
+    if (careful.empty()) return {board.Complet1() ? 1.0 : 0.0, 0.0};
+    ExactOdds odds;
+    for (int32_t code : careful) {
+        place(board, code);
+        const ExactOdds next = carefulOdds(board, cells);
+        board.Annule1();
+        odds.win += next.win / static_cast<double>(careful.size());
+        odds.moves += (1 + next.moves) / static_cast<double>(careful.size());
+    }
+    return odds;
 }
 
 std::string withLevel(std::string store, int32_t n, const std::string &record)
@@ -299,6 +318,23 @@ private slots:
         QVERIFY(unsolvable > 300 && needingFall > 60 && solvableWithoutFall > 300);
     }
 
+    // The measured tiles laid per win come close to the exact figure of the careful player, and
+    // equal it where the player cannot fail.
+    void carefulPlayerAgreesWithItsExactOdds()
+    {
+        std::mt19937 rng(5);
+        int32_t withTraps = 0;
+        for (int32_t trial = 0; trial < 400; ++trial) {
+            const std::string level = smallLevel(rng);
+            TileBoard board = loaded(level, 0);
+            if (!solveTiles(board, true)) continue;
+            const ExactOdds exact = carefulOdds(board, cellsOf(level, 0));
+            withTraps += exact.win < 1 ? 1 : 0;
+            QCOMPARE(measuredAgainstExact(level, measureTileDifficulty(level).laidPerWin, exact), QString());
+        }
+        QVERIFY(withTraps > 20);
+    }
+
     void everyStoredLevelIsSolvedOnTheRealBoard()
     {
         for (int32_t n = 0; n < 100; ++n)
@@ -312,7 +348,7 @@ private slots:
     void shippedStorePassesTheCheck()
     {
         std::ostringstream out;
-        QVERIFY2(checkTileLevels(store, out), out.str().c_str());
+        QVERIFY2(checkTileLevels(store, out).ok, out.str().c_str());
         QVERIFY(out.str().find("levels needing the fall") != std::string::npos);
         QVERIFY(out.str().find("FAILED") == std::string::npos);
     }
@@ -333,7 +369,19 @@ private slots:
         row("a cell changed", oneCellChanged, "level 50 has no solution");
         row("a fixed level changed", withLevel(good, 20, "0000000000142000004310000013200000000001"),
             "level 20 differs");
-        row("a level repeated", withLevel(good, 51, good.substr(50 * kCells, kCells)), "repeat an earlier one");
+        const std::string level50 = good.substr(50 * kCells, kCells);
+        row("a level repeated", withLevel(good, 51, level50), "level 51 repeats level 50");
+        row("a level moved and mirrored",
+            withLevel(good, 51, movedLevel(level50, 8, 5, [](int x, int y) { return std::pair{-x, y}; })),
+            "level 51 repeats level 50");
+        const std::string level3Turned =
+            movedLevel(good.substr(3 * kCells, kCells), 8, 5, [](int x, int y) { return std::pair{-y, x}; });
+        QVERIFY(!level3Turned.empty());
+        row("a level turned", withLevel(good, 4, level3Turned), "level 4 repeats level 3");
+        row("an easy level last", withLevelsSwapped(good, kCells, 3, 97), "easier than the median of the first");
+        std::string middleReversed = good;
+        for (int32_t n = 21; n < 49; ++n) middleReversed = withLevelsSwapped(middleReversed, kCells, n, 97 - n);
+        row("levels 21 to 76 reversed", middleReversed, "rises too unevenly");
         row("levels out of order", good.substr(20 * kCells) + good.substr(0, 20 * kCells), "no more cells on average");
         row("a level cut short", good.substr(0, good.size() - 1), "not a multiple of 40");
         row("a level missing", good.substr(0, good.size() - kCells), "99 levels");
@@ -354,7 +402,7 @@ private slots:
         QFETCH(QByteArray, damaged);
         QFETCH(QString, complaint);
         std::ostringstream out;
-        QVERIFY(!checkTileLevels(damaged.toStdString(), out));
+        QVERIFY(!checkTileLevels(damaged.toStdString(), out).ok);
         QVERIFY2(out.str().find("FAILED: ") != std::string::npos
                      && QString::fromStdString(out.str()).contains(complaint),
                  out.str().c_str());
