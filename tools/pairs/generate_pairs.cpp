@@ -4,8 +4,8 @@
 // levels drawn are then put in order of difficulty. The seed is fixed: the same bytes come out on
 // every run.
 #include "check_pairs.h"
-#include "difficulty_pairs.h"
 #include "difficulty_curve.h"
+#include "difficulty_pairs.h"
 #include "pair_board.h"
 
 #include <algorithm>

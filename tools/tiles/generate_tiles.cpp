@@ -6,8 +6,8 @@
 // difficulty. The seed is fixed: the same bytes come out on every run.
 
 #include "check_tiles.h"
-#include "difficulty_tiles.h"
 #include "difficulty_curve.h"
+#include "difficulty_tiles.h"
 #include "solve_tiles.h"
 #include "tile_board.h"
 
