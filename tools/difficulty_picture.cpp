@@ -37,14 +37,14 @@ void drawPanel(QPainter &painter, const DifficultyCurve &curve, int top)
     std::vector<double> finite;
     for (double d : curve.difficulty)
         if (std::isfinite(d)) finite.push_back(d);
-    const double high = *std::max_element(finite.begin(), finite.end()) * 1.15;
+    const double high = finite.empty() ? 10 : std::max(*std::max_element(finite.begin(), finite.end()) * 1.15, 2.0);
     const double low = curve.logarithmic ? 1 : 0;
     const auto yOf = [&](double v) {
         const double share = curve.logarithmic ? std::log(std::max(v, 1.0)) / std::log(high) : (v - low) / (high - low);
         return plot.bottom() - share * plot.height();
     };
     const int levels = static_cast<int>(curve.difficulty.size());
-    const auto xOf = [&](double n) { return plot.left() + n * plot.width() / (levels - 1); };
+    const auto xOf = [&](double n) { return plot.left() + n * plot.width() / std::max(levels - 1, 1); };
 
     painter.setPen(QColor(40, 40, 40));
     QFont font(QStringLiteral("Liberation Sans"));
