@@ -1,6 +1,6 @@
 // Play control: what the seven menu buttons do in each state of gJeu, the start of a game, the
 // question of a running game, the way from one won level to the next and the close of a game.
-#include "blanks.h"
+#include "codepage.h"
 #include "documents.h"
 #include "frmBest.h"
 #include "frmFile.h"
@@ -84,7 +84,7 @@ void frmFond::LanceJeu(int32_t jeu)
         gNomPartie.clear();
         const QString nom = AfficheMess(QStringLiteral("Entrez votre nom de joueur"), QStringLiteral("Valider"),
                                         QString(), QString(), true, gNomJoueur);
-        gNomJoueur = trimBlanks(nom.toUpper());
+        gNomJoueur = playerName(nom);
         gTempsTotal = 0;
     } else if (!loadChosenGame(jeu)) {
         AfficheMenu(0);

@@ -4,15 +4,18 @@
 #include <QString>
 #include <cstdint>
 
-// Makes the data folder ready, creating its two levels when they are missing, and fills the tables
-// from the best-times file, writing that file anew when it is missing or cannot be read to its end.
-// gCheminData is left empty when the folder cannot be reached.
+// Makes the data folder ready, creating its two levels and the missing folders above them, clears what
+// an interrupted write left there, and fills the tables from the best-times file. That file is written
+// anew when it is missing, or when it cannot be read to its end, its old bytes then kept beside it
+// under the name followed by ".1". gCheminData is left empty when the folder cannot be reached.
 void InitDonnees();
 // Puts the empty row in rows 1 to 3 of the three tables.
 void RazBest();
-// Reads the file into the tables, row after row; false when it could not be read to its end.
+// Reads the file into the tables, row after row; false when it could not be read to its end, or is
+// not line for line what the tables write back.
 bool LitBest();
-// Replaces the whole file by the tables; false when it could not be written, the old file then whole.
+// Replaces the whole file by the tables, keeping first beside it a file that start-up could not read
+// to its end; false when it could not be written, the old file then whole.
 bool EcritBest();
 
 // The three arrays of one game's table, rows 1 to 3.

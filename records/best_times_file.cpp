@@ -2,7 +2,6 @@
 
 #include "blanks.h"
 #include "codepage.h"
-#include "text_fields.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,22 +41,35 @@ QByteArray bestLine(const BestRow &row) { return '"' + toCodePage(bestText(row))
 BestRow parseBestText(const QString &text)
 {
     BestRow row;
-    // Whole numbers that fit their fields, halves going to the even neighbour: a garbled line cannot
-    // bring a value that would not write back as it reads.
+    // Whole numbers within what the program writes, halves going to the even neighbour: a garbled line
+    // cannot bring a value that would not write back as it reads, nor a time past the cap.
     row.niveau = static_cast<int32_t>(std::clamp(std::nearbyint(leadingNumber(text.left(3))), 0.0, 999.0));
-    row.temps = std::clamp(std::nearbyint(leadingNumber(text.mid(3, 8))), 0.0, 99999999.0);
+    row.temps = std::clamp(std::nearbyint(leadingNumber(text.mid(3, 8))), 0.0, 356400.0);
     row.nom = trimBlanks(text.right(16));
     return row;
 }
 
+namespace {
+
+// The text of a line: from its opening quote to the last quote, or to its end when it has no closing
+// one; blanks before the opening quote are passed over.
+QByteArray lineText(const QByteArray &line)
+{
+    const qsizetype open = line.indexOf('"');
+    if (open < 0 || !line.left(open).trimmed().isEmpty()) return line;
+    const qsizetype close = line.lastIndexOf('"');
+    return close > open ? line.mid(open + 1, close - open - 1) : line.mid(open + 1);
+}
+
+} // namespace
+
 QList<BestRow> readBestRows(const QByteArray &file)
 {
     QList<BestRow> rows;
-    FieldReader fields(file);
-    while (rows.size() < 9) {
-        const std::optional<QByteArray> field = fields.next();
-        if (!field) break;
-        rows.append(parseBestText(fromCodePage(*field)));
+    const QByteArrayList lines = QByteArray(file).replace("\r\n", "\n").replace('\r', '\n').split('\n');
+    for (const QByteArray &line : lines) {
+        if (rows.size() == 9) break;
+        if (!line.trimmed().isEmpty()) rows.append(parseBestText(fromCodePage(lineText(line))));
     }
     return rows;
 }

@@ -17,9 +17,11 @@ struct BestRow {
 QString bestText(const BestRow &row);
 // The whole line as written: quotes, code page, CR LF.
 QByteArray bestLine(const BestRow &row);
-// A row taken apart as written; a piece that does not start with a number counts as 0.
+// A row taken apart as written; a piece that does not start with a number counts as 0, and numbers
+// are brought within what the program writes: a level from 0 to 999, a time from 0 to 356400.
 BestRow parseBestText(const QString &text);
-// The rows of a file in order, as many as it holds, at most nine.
+// The rows of a file in order, one for each line that is not blank, at most nine: a damaged line
+// costs that line alone.
 QList<BestRow> readBestRows(const QByteArray &file);
 
 // The number at the start of a text, blanks ignored; 0 when there is none.

@@ -1,5 +1,9 @@
 #include "codepage.h"
 
+#include "blanks.h"
+
+#include <QList>
+
 namespace {
 
 // Bytes 0x80 to 0x9F; 0 where the code page defines no character: those five bytes stand for the
@@ -40,4 +44,32 @@ QString fromCodePage(const QByteArray &bytes)
             text.append(QChar(u));
     }
     return text;
+}
+
+bool inCodePage(char32_t c) { return c == U'?' || (c <= 0xFFFF && byteFor(static_cast<char16_t>(c)) != '?'); }
+
+QString storableName(const QString &name)
+{
+    QString text;
+    for (char32_t c : name.toUcs4()) {
+        if (c == U'"')
+            text += QLatin1Char('\'');
+        else if (QChar::category(c) == QChar::Other_Control)
+            text += QLatin1Char(' ');
+        else
+            text += inCodePage(c) ? QChar(static_cast<char16_t>(c)) : QLatin1Char('?');
+    }
+    return trimBlanks(trimBlanks(text).left(16));
+}
+
+QString playerName(const QString &typed)
+{
+    // An accent typed as a mark of its own joins its letter where the code page has the two as one.
+    const QString composed = typed.normalized(QString::NormalizationForm_C);
+    QString upper;
+    for (char32_t c : (composed.size() <= typed.size() ? composed : typed).toUcs4()) {
+        const char32_t capital = QChar::toUpper(c);
+        upper += QString::fromUcs4(inCodePage(capital) ? &capital : &c, 1);
+    }
+    return storableName(upper);
 }

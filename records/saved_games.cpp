@@ -1,40 +1,36 @@
 #include "saved_games.h"
 
+#include "codepage.h"
 #include "frmFond.h"
 #include "modBase.h"
 #include "saved_game_file.h"
 #include "whole_file.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 namespace {
 
 QString savedGamePath(const QString &nom) { return gCheminData + nom + QStringLiteral(".sml"); }
 
-std::optional<SavedGame> readSavedGame(const QString &nom)
-{
-    QFile file(savedGamePath(nom));
-    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-    return parseSavedGame(file.readAll());
-}
-
 } // namespace
 
 bool acceptableGameName(const QString &nom)
 {
-    static const QRegularExpression refused(QStringLiteral(R"([<>:"/\\|?*\x00-\x1F]|\.\.)"));
-    static const QRegularExpression device(QStringLiteral(R"(^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])(\..*)?$)"),
+    // A separator would leave the folder; Windows refuses these characters and the names of its
+    // devices, also with an extension. A name with dots stays in the folder, and the extension after
+    // it keeps Windows from stripping a last dot.
+    static const QRegularExpression refused(QStringLiteral(R"([<>:"/\\|?*\x00-\x1F])"));
+    static const QRegularExpression device(QStringLiteral(R"(^(CON|PRN|AUX|NUL|COM[0-9¹²³]|LPT[0-9¹²³]) *(\..*)?$)"),
                                            QRegularExpression::CaseInsensitiveOption);
-    return !nom.isEmpty() && !refused.match(nom).hasMatch() && !device.match(nom).hasMatch()
-           && !nom.endsWith(QLatin1Char('.')) && !nom.endsWith(QLatin1Char(' '));
+    return !nom.isEmpty() && !refused.match(nom).hasMatch() && !device.match(nom).hasMatch();
 }
 
 bool ChargePartie(int32_t jeu)
 {
-    const std::optional<SavedGame> game = readSavedGame(gNomPartie);
+    const RecordFile file = readRecordFile(savedGamePath(gNomPartie));
+    const std::optional<SavedGame> game = file.status == RecordFile::Read ? parseSavedGame(file.bytes) : std::nullopt;
     if (!game) return false;
-    gNomJoueur = game->joueur;
+    gNomJoueur = storableName(game->joueur);
     gNiveau = game->niveau[jeu];
     gTempsTotal = game->temps[jeu];
     return true;
@@ -52,21 +48,23 @@ bool CreePartie(const QString &nom)
         if (filList.List(i) == fichier) taken = true;
     if (taken || !acceptableGameName(nom)) return false;
 
-    // Created only if no file of that name exists, so that no saved game is ever emptied.
-    QFile file(gCheminData + fichier);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) return false;
-    const QByteArray blank = formatSavedGame(blankSavedGame());
-    if (file.write(blank) != blank.size()) {
-        file.remove();
-        return false;
-    }
-    return true;
+    // Created whole and only if no file of that name exists, so that no saved game is ever emptied.
+    return createWholeFile(gCheminData + fichier, formatSavedGame(blankSavedGame()));
 }
 
 bool rewriteSavedGame()
 {
-    // A file gone or unreadable by now still receives this game's progress.
-    SavedGame game = readSavedGame(gNomPartie).value_or(SavedGame{});
+    const QString path = savedGamePath(gNomPartie);
+    const RecordFile file = readRecordFile(path);
+    if (file.status == RecordFile::Unreadable) return false;
+    // A file gone meanwhile receives this game's progress alone: there is nothing else to keep.
+    SavedGame game;
+    if (file.status == RecordFile::Read) {
+        // Pairs that could not be read are never written over; a file longer than was read is kept beside.
+        const std::optional<SavedGame> read = parseSavedGame(file.bytes);
+        if (!read || (!file.whole && !keepBeside(path))) return false;
+        game = *read;
+    }
     game.joueur = gNomJoueur;
     game.niveau[gJeu] = gNiveau;
     game.temps[gJeu] = gTempsTotal;

@@ -5,8 +5,9 @@
 #include <QString>
 #include <cstdint>
 
-// Reads the saved game named gNomPartie: its player into gNomJoueur, and game jeu's level and time
-// into gNiveau and gTempsTotal. False, with nothing changed, when the file is gone, short or garbled.
+// Reads the saved game named gNomPartie: its player, as the files can hold it, into gNomJoueur, and
+// game jeu's level and time into gNiveau and gTempsTotal. False, with nothing changed, when the file
+// is gone, unreadable, short or garbled.
 bool ChargePartie(int32_t jeu);
 
 // Creates a new saved game holding the blank record; false when the name is empty, already taken,
@@ -14,7 +15,8 @@ bool ChargePartie(int32_t jeu);
 bool CreePartie(const QString &nom);
 
 // Writes the running game's level and time into the saved game gNomPartie, keeping the other two
-// games' progress; the player is gNomJoueur. False when it could not be written: the old file stays whole.
+// games' progress; the player is gNomJoueur. False when the old file could not be read or the new one
+// written: the old file then stays as it was.
 bool rewriteSavedGame();
 
 // Whether a game name can name a file of its own in the data folder on every system.

@@ -1,6 +1,7 @@
 #include "frmFond.h"
 
 #include <QApplication>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -17,6 +18,8 @@ bool hasDisplay()
 
 int main(int argc, char *argv[])
 {
+    // A write past the file-size limit then fails like one on a full disk, instead of ending the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     if (!hasDisplay()) {
         std::fputs("marelle: no display found (neither DISPLAY nor WAYLAND_DISPLAY is set)\n", stderr);
         return EXIT_FAILURE;

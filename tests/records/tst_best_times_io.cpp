@@ -1,20 +1,23 @@
-// Start-up of the best-times tables on a real disk: first run, later runs, a damaged file, and
-// folders that cannot be reached or written.
+// Start-up of the best-times tables on a real disk: first run, later runs, a damaged or huge file,
+// leftovers of an interrupted write, and folders that are missing, cannot be reached or written.
 #include "best_times.h"
 #include "best_times_file.h"
 #include "best_times_table.h"
 #include "disk_full.h"
 #include "file_bytes.h"
+#include "memory_limit.h"
 #include "modBase.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <sys/stat.h>
 
 namespace {
 
-const QByteArray kEmptyLine = bestLine({0, 0, kEmptyName});
+const BestRow kEmpty{0, 0, kEmptyName};
+const QByteArray kEmptyLine = bestLine(kEmpty);
 
 } // namespace
 
@@ -49,6 +52,20 @@ private slots:
         QCOMPARE(gBestNom3[3], kEmptyName);
     }
 
+    void missingParentsOfTheDataHomeAreMadeForTheUserAlone()
+    {
+        const QString dataHome = home->path() + QStringLiteral("/nouveau/compte");
+        qputenv("XDG_DATA_HOME", dataHome.toUtf8());
+        InitDonnees();
+        QCOMPARE(gCheminData, dataHome + QStringLiteral("/cerscore/marel32b/"));
+        QCOMPARE(readAll(gCheminData + gFichierBest), kEmptyLine.repeated(9));
+        for (const QString &made : {home->path() + QStringLiteral("/nouveau"), dataHome}) {
+            struct stat info {};
+            QCOMPARE(stat(QFile::encodeName(made).constData(), &info), 0);
+            QCOMPARE(info.st_mode & 0777, 0700u);
+        }
+    }
+
     void aLaterRunReadsTheTables()
     {
         QDir().mkpath(data());
@@ -68,12 +85,40 @@ private slots:
         const QByteArray twoRows = bestLine({4, 40, QStringLiteral("A")}) + bestLine({3, 30, QStringLiteral("B")});
         writeAll(bestFile(), twoRows + "\"00");
         InitDonnees();
+        QCOMPARE(readAll(bestFile() + QStringLiteral(".1")), twoRows + "\"00"); // the old bytes, kept beside
         QCOMPARE(readAll(bestFile()).size(), 279);
         QVERIFY(readAll(bestFile()).startsWith(twoRows));
         QCOMPARE(gBestNom1[2], QStringLiteral("B"));
         QCOMPARE(gBestNom1[3], QStringLiteral("00")); // what stood where the name goes
         QCOMPARE(gBestNiveau1[3], 0);
         QCOMPARE(gBestNom2[1], kEmptyName);
+    }
+
+    void aHugeFileIsReadOnlyAsFarAsItsRows()
+    {
+        QDir().mkpath(data());
+        QByteArray rows;
+        for (int i = 0; i < 9; ++i) rows += bestLine({i, 10.0 * i, QStringLiteral("P%1").arg(i)});
+        writeAll(bestFile(), rows);
+        QVERIFY(QFile::resize(bestFile(), qint64(1) << 30)); // sparse: a gigabyte of zeros after the rows
+        {
+            MemoryLimitAbove limit(256 << 20);
+            InitDonnees();
+        }
+        QCOMPARE(gBestNom3[3], QStringLiteral("P8"));
+        QCOMPARE(readAll(bestFile()), rows);
+        QCOMPARE(QFileInfo(bestFile() + QStringLiteral(".1")).size(), qint64(1) << 30);
+    }
+
+    void leftoversOfAnInterruptedWriteAreRemovedAtStart()
+    {
+        QDir().mkpath(data());
+        const QStringList leftovers = {".mlbestTime.dat.k3Jq9Z", ".ma partie.sml.Ab12Cd"};
+        const QStringList kept = {".x.sml.abcdefg", "ma partie.sml", "mlbestTime.dat", "mlbestTime.dat.1",
+                                  "notes.sml.backup"};
+        for (const QString &name : leftovers + kept) writeAll(data() + name, bestLine(kEmpty));
+        InitDonnees();
+        QCOMPARE(QDir(data()).entryList(QDir::Files | QDir::Hidden, QDir::Name), kept);
     }
 
     void aDataFolderThatCannotBeReachedLeavesThePathEmpty()

@@ -64,6 +64,29 @@ private slots:
         QCOMPARE(toCodePage(fromCodePage(all)), all);
     }
 
+    void namesKeepOnlyWhatBothFilesHold()
+    {
+        // ß has no capital of one character and µ's is Greek; an accent may be typed as a mark of its own.
+        const QList<std::pair<QString, QString>> typed = {
+            {"  anne ", "ANNE"},
+            {"a\",b", "A',B"},
+            {QString(16, QChar(0xDF)), QString(16, QChar(0xDF))},
+            {"µÿœ", "µŸŒ"},
+            {"łé", "?É"},
+            {"e\u0301t\u00E9", "ÉTÉ"},
+            {"x\ty\r\nz\u0081", "X Y  Z"},
+            {"\U0001F600!", "?!"},
+        };
+        for (const auto &[name, stored] : typed) {
+            const QString player = playerName(name);
+            QCOMPARE(player, stored);
+            QVERIFY(player.size() <= name.size());
+            QCOMPARE(fromCodePage(toCodePage(player)), player);
+        }
+        QCOMPARE(storableName(QStringLiteral("  Zoé\x7F\"")), QStringLiteral("Zoé '"));
+        QCOMPARE(storableName(QStringLiteral("abcdefghijklmno pqrs")), QStringLiteral("abcdefghijklmno"));
+    }
+
     void bestLinesReadBackAsWritten()
     {
         for (const BestRow &row : {kEmpty, BestRow{12, 3725, QStringLiteral("JOUEUR")},
@@ -108,6 +131,25 @@ private slots:
         QCOMPARE(rows.size(), 9);
         QCOMPARE(rows[8].nom, QStringLiteral("P8"));
         QCOMPARE(readBestRows(file + file).size(), 9);
+    }
+
+    void aBadLineCostsAtMostThatLine()
+    {
+        QByteArrayList lines;
+        for (int i = 0; i < 9; ++i) lines << bestLine({i, 10.0 * i, QStringLiteral("P%1").arg(i)});
+        // No closing quote, blank lines before a line, a time and a level never written.
+        lines[1].remove(28, 1);
+        lines[4].prepend("\r\n   \r\n");
+        lines[6] = bestLine({6, 0, QStringLiteral("P6")}).replace("00000000", "99999999");
+        lines[7] = bestLine({7, 70, QStringLiteral("P7")}).replace("007", "-07");
+        const QList<BestRow> rows = readBestRows(lines.join());
+        QCOMPARE(rows.size(), 9);
+        for (int i = 0; i < 9; ++i) QCOMPARE(rows[i].nom, QStringLiteral("P%1").arg(i));
+        QCOMPARE(rows[1].temps, 10.0);
+        QCOMPARE(rows[2].niveau, 2);
+        QCOMPARE(rows[6].temps, 356400.0);
+        QCOMPARE(rows[7].niveau, 0);
+        QCOMPARE(rows[8].temps, 80.0);
     }
 
     void rankingOfTheWorkedExample()
@@ -189,6 +231,21 @@ private slots:
         QCOMPARE(read->joueur, QStringLiteral("JOUEUR"));
         QCOMPARE(read->niveau[2], 999);
         QCOMPARE(read->temps[1], 1234.0);
+
+        // At the cap of time, with the largest level.
+        SavedGame cap;
+        cap.joueur = QStringLiteral("ÉLISE");
+        for (int jeu = 1; jeu <= 3; ++jeu) {
+            cap.niveau[jeu] = jeu == 2 ? 999 : INT32_MAX;
+            cap.temps[jeu] = 356400;
+        }
+        const std::optional<SavedGame> back = parseSavedGame(formatSavedGame(cap));
+        QVERIFY(back);
+        QCOMPARE(back->joueur, cap.joueur);
+        for (int jeu = 1; jeu <= 3; ++jeu) {
+            QCOMPARE(back->niveau[jeu], cap.niveau[jeu]);
+            QCOMPARE(back->temps[jeu], 356400.0);
+        }
     }
 
     void savedGamesThatAreShortOrGarbledDoNotLoad()

@@ -139,6 +139,30 @@ private slots:
         QCOMPARE(readAll(partie()), QByteArray("\"ANNE\"\r\n999\r\n12\r\n0\r\n0\r\n0\r\n0\r\n"));
     }
 
+    void namesAreStoredAsTheyAreShown()
+    {
+        startProgram(true);
+        // A quote becomes an apostrophe; only the capitals that the code page holds are taken.
+        s.startGame(1, QStringLiteral("a\",b ßµÿ"));
+        QCOMPARE(gNomJoueur, QStringLiteral("A',B ßµŸ"));
+        winLevel(kLevel0, 0); // level 0 in no time takes row 1
+        s.inTurn({s.reply(QStringLiteral("Abandonner")), s.reply(QStringLiteral("Annuler"))});
+        s.clickMenu(3);
+        startProgram(false);
+        QCOMPARE(gBestNom1[1], QStringLiteral("A',B ßµŸ"));
+        QCOMPARE(gBestNom1[2], QStringLiteral("................"));
+        QCOMPARE(gBestNom2[1], QStringLiteral("................"));
+
+        // Pasted: sixteen characters stay sixteen, and one outside the code page becomes '?'.
+        s.inTurn({[](QWidget *dialog) {
+            auto *mess = qobject_cast<frmMess *>(dialog);
+            mess->txtReponse->insert(QString(15, QChar(0xDF)) + QChar(0x142));
+            QTest::mouseClick(mess->reponse[0], Qt::LeftButton);
+        }});
+        s.clickMenu(1);
+        QCOMPARE(gNomJoueur, QString(15, QChar(0xDF)) + QLatin1Char('?'));
+    }
+
     void declinedLoadsAndSavesChangeNothing()
     {
         startProgram(true);

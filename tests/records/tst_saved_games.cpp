@@ -3,12 +3,14 @@
 #include "disk_full.h"
 #include "file_bytes.h"
 #include "frmFond.h"
+#include "memory_limit.h"
 #include "modBase.h"
 #include "saved_game_file.h"
 #include "saved_games.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -47,6 +49,29 @@ private slots:
         QVERIFY(ChargePartie(3)); // never played in this file
         QCOMPARE(gNiveau, 0);
         QCOMPARE(gTempsTotal, 0.0);
+
+        // Characters the files cannot give back are replaced; the case is the file's.
+        writeAll(path("main"), "\"Jo\tUEUR\x81\"\r\n7\r\n1234\r\n0\r\n0\r\n0\r\n0\r\n");
+        gNomPartie = QStringLiteral("main");
+        QVERIFY(ChargePartie(1));
+        QCOMPARE(gNomJoueur, QStringLiteral("Jo UEUR"));
+    }
+
+    void aHugeSavedGameLoadsFromItsFirstLinesAndIsKeptBesideWhenRewritten()
+    {
+        writeAll(path("enorme"), kJoueur);
+        QVERIFY(QFile::resize(path("enorme"), qint64(1) << 30));
+        gNomPartie = QStringLiteral("enorme");
+        gJeu = 1;
+        {
+            MemoryLimitAbove limit(256 << 20);
+            QVERIFY(ChargePartie(1));
+            QCOMPARE(gNiveau, 7);
+            gNiveau = 8;
+            QVERIFY(rewriteSavedGame());
+        }
+        QCOMPARE(readAll(path("enorme")), QByteArray(kJoueur).replace("\n7\r", "\n8\r"));
+        QCOMPARE(QFileInfo(path("enorme") + QStringLiteral(".1")).size(), qint64(1) << 30);
     }
 
     void aFailedLoadChangesNothing()
@@ -85,14 +110,18 @@ private slots:
     void namesThatWouldLeaveTheFolderOrThatWindowsRefusesAreTurnedDown()
     {
         QDir(folder->path()).mkdir(QStringLiteral("sous"));
-        for (const char *nom : {"sous/x", "../dehors", "a..b", "..", "deux:points", "quoi?", "étoile*", "<a>", "a|b",
-                                "guillemet\"", "barre\\", "CON", "nul", "com1", "Lpt9.txt", "point.", "tab\t"}) {
+        for (const char *nom : {"sous/x", "../dehors", "deux:points", "quoi?", "étoile*", "<a>", "a|b", "guillemet\"",
+                                "barre\\", "CON", "nul", "com1", "Lpt9.txt", "AUX .x", "com¹", "tab\t"}) {
             QVERIFY2(!CreePartie(QString::fromUtf8(nom)), nom);
         }
         QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden).size(), 0);
         QCOMPARE(QDir(folder->path() + QStringLiteral("/sous")).entryList(QDir::Files).size(), 0);
         QVERIFY(!QFile::exists(folder->path() + QStringLiteral("/../dehors.sml")));
-        QVERIFY(CreePartie(QStringLiteral("été 2026, n°1")));
+        // Dots stay in the folder, and the extension after them keeps Windows from stripping a last one.
+        for (const char *nom : {"été 2026, n°1", "a..b", "fin.", "..", ".cachée", "CONSOLE", "nul1"}) {
+            QVERIFY2(CreePartie(QString::fromUtf8(nom)), nom);
+            QVERIFY2(QFile::exists(path(nom)), nom);
+        }
     }
 
     void aRewriteKeepsTheOtherGames()
@@ -105,6 +134,16 @@ private slots:
         gTempsTotal = 600;
         QVERIFY(rewriteSavedGame());
         QCOMPARE(readAll(path("suite")), QByteArray("\"\xC9LISE\"\r\n7\r\n1234\r\n999\r\n5000\r\n12\r\n600\r\n"));
+    }
+
+    void aRewriteOverAFileItCannotReadWritesNothing()
+    {
+        const QByteArray garbled = QByteArray(kJoueur).replace("1234", "12a4");
+        writeAll(path("abime"), garbled);
+        gNomPartie = QStringLiteral("abime");
+        gJeu = 3;
+        QVERIFY(!rewriteSavedGame());
+        QCOMPARE(readAll(path("abime")), garbled);
     }
 
     void aRewriteOfAFileGoneMeanwhileStillKeepsThisGame()
