@@ -1,7 +1,10 @@
 // Play control at the real window: each menu button in each state, the start of a game, the
 // question of a running game ("Annuler", "Rejouer" with and without Ctrl, "Abandonner") and quitting.
 #include "frmBest.h"
+#include "cue_names.h"
+#include "first_moment.h"
 #include "play_session.h"
+#include "queued_presses.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -241,6 +244,28 @@ private slots:
         });
         QCOMPARE(QCoreApplication::exec(), 0); // the program's event loop ends with status 0
         QCOMPARE(s.lastMessage, QStringLiteral("Voulez-vous vraiment quitter le programme ?"));
+    }
+
+    // A press made while input is off is lost with its release, even when the button comes up after
+    // input is back on: here on button 4 in the pause after a won level, and the best times stay shut.
+    void aPressInThePauseIsLostWithItsRelease()
+    {
+        if (!underX()) QSKIP("only a real window system keeps a button down across the pause");
+        s.startOn(2, {0, 1});
+        PlaySession::press(s.fond->pctEcran2, Qt::LeftButton, {3 * 60 + 30, 4 * 60 + 30});
+        Probe pause([this] { return !s.fond->isEnabled(); },
+                    [this] { xdotool(pointerTo(s.fond->imgMenu[4], {21, 21}) << QStringLiteral("mousedown") << "1"); });
+        PlaySession::press(s.fond->pctEcran2, Qt::LeftButton, {4 * 60 + 30, 4 * 60 + 30});
+        QVERIFY(pause.fired);
+        QCOMPARE(gNiveau, 1);
+        QTimer closer;
+        closer.callOnTimeout([] {
+            if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget())) dialog->done(0);
+        });
+        closer.start(10);
+        xdotool({QStringLiteral("mouseup"), QStringLiteral("1")});
+        QTest::qWait(100);
+        QCOMPARE(s.played(), cues("010x2 001 002"));
     }
 };
 
