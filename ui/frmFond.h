@@ -125,6 +125,7 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     void prepareScreen(Surface *screen, int left, int top, int width, int height);

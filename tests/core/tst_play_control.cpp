@@ -4,7 +4,7 @@
 #include "cue_names.h"
 #include "first_moment.h"
 #include "play_session.h"
-#include "queued_presses.h"
+#include "system_input.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -244,6 +244,40 @@ private slots:
         });
         QCOMPARE(QCoreApplication::exec(), 0); // the program's event loop ends with status 0
         QCOMPARE(s.lastMessage, QStringLiteral("Voulez-vous vraiment quitter le programme ?"));
+    }
+
+    // A close request from the system is button 6: the quit question when no game runs and no
+    // dialog is up, where only "Oui" ends the program; nothing during a game or under a dialog.
+    void aCloseRequestIsButtonSix()
+    {
+        s.lastMessage.clear();
+        s.answer(QStringLiteral("Non"));
+        askToClose(s.fond.get());
+        QTRY_COMPARE(s.lastMessage, QStringLiteral("Voulez-vous vraiment quitter le programme ?"));
+        QVERIFY(s.fond->isVisible());
+
+        s.startGame(1, QStringLiteral("eve"));
+        s.played().clear();
+        askToClose(s.fond.get());
+        QCOMPARE(gJeu, 1);
+        QVERIFY(s.played().isEmpty());
+        QVERIFY(s.fond->isVisible());
+        whenModal([this](QWidget *dialog) {
+            askToClose(s.fond.get());
+            QCOMPARE(QApplication::activeModalWidget(), dialog);
+            QTest::mouseClick(qobject_cast<frmMess *>(dialog)->reponse[2], Qt::LeftButton);
+        });
+        s.clickMenu(3);
+        QCOMPARE(s.played(), cues("008 009"));
+        QCOMPARE(gJeu, 1);
+
+        s.answer(QStringLiteral("Abandonner"));
+        s.clickMenu(3);
+        QTimer::singleShot(0, [this] {
+            s.answer(QStringLiteral("Oui"));
+            askToClose(s.fond.get());
+        });
+        QCOMPARE(QCoreApplication::exec(), 0);
     }
 
     // A press made while input is off is lost with its release, even when the button comes up after

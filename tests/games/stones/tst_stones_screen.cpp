@@ -6,8 +6,8 @@
 #include "file_bytes.h"
 #include "game_steps.h"
 #include "level_store.h"
-#include "queued_presses.h"
 #include "stone_board.h"
+#include "system_input.h"
 
 #include <QWindow>
 

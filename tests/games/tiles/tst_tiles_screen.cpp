@@ -6,7 +6,7 @@
 #include "best_times_bytes.h"
 #include "board_oracle.h"
 #include "game_steps.h"
-#include "queued_presses.h"
+#include "system_input.h"
 
 #include <vector>
 
