@@ -64,7 +64,7 @@ int keyCodeOf(const QKeyEvent *event) { return event->key() == Qt::Key_Control ?
 
 frmFond *mainWindow() { return theMainWindow; }
 
-frmFond::frmFond(QWidget *parent) : Surface(parent)
+frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent) : Surface(parent), mInstance(std::move(instance))
 {
     theMainWindow = this;
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
