@@ -182,6 +182,8 @@ bool frmFond::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
     auto *widget = qobject_cast<QWidget *>(watched);
+    // Tool tips, like clicks, only while the window takes input.
+    if (event->type() == QEvent::ToolTip && widget && widget->window() == this && !isEnabled()) return true;
     if (isKey && widget && widget->window() == this && isEnabled()) {
         auto *key = static_cast<QKeyEvent *>(event);
         if (event->type() == QEvent::KeyPress)

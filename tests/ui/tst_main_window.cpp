@@ -2,6 +2,7 @@
 // the Ctrl key and the clock.
 #include "frmFond.h"
 #include "modBase.h"
+#include "system_input.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -92,16 +93,31 @@ private slots:
         }
     }
 
-    void menuButtonsShowTheirToolTips()
+    // The pointer resting on a button, or on the picture, brings its tool tip while the window takes
+    // input, and none while it takes none, as in the pause after a won level.
+    void toolTipsComeOnlyWhileTheWindowTakesInput()
     {
-        for (int i : {0, 4, 6}) {
-            const QPoint middle = fond->imgMenu[i]->rect().center();
-            QTest::mouseMove(fond->imgMenu[i], middle);
-            QHelpEvent help(QEvent::ToolTip, middle, fond->imgMenu[i]->mapToGlobal(middle));
-            QApplication::sendEvent(fond->imgMenu[i], &help);
-            QTRY_VERIFY(QToolTip::isVisible());
-            QCOMPARE(QToolTip::text(), fond->imgMenu[i]->toolTip());
-            QToolTip::hideText();
+        const QList<QWidget *> withTips = {fond->imgMenu[0], fond->imgMenu[4], fond->imgMenu[6], fond->Picture1};
+        fond->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(fond.get()));
+        for (bool input : {true, false}) {
+            fond->setEnabled(input);
+            for (QWidget *widget : input ? withTips : withTips.mid(2)) {
+                const QPoint middle = widget->rect().center();
+                QTRY_VERIFY(!QToolTip::isVisible());
+                if (underX())
+                    xdotool(pointerTo(widget, middle));
+                else
+                    QTest::mouseMove(widget, middle);
+                if (input) {
+                    QTRY_VERIFY(QToolTip::isVisible());
+                    QCOMPARE(QToolTip::text(), widget->toolTip());
+                } else {
+                    QTest::qWait(1200);
+                    QVERIFY2(!QToolTip::isVisible(), qPrintable(QToolTip::text()));
+                }
+                QToolTip::hideText();
+            }
         }
         QCOMPARE(fond->imgMenu[0]->toolTip(), QStringLiteral("Cliquez sur ce bouton pour lancer le jeu 1"));
         QCOMPARE(fond->imgMenu[4]->toolTip(), QStringLiteral("Cliquez sur ce bouton pour lire le tableau des scores"));
