@@ -91,6 +91,9 @@ frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent) : Surface
     labNiveau = makeLabel(this, QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, "404040");
     labNiveau->setText(QStringLiteral("000"));
     labTemps = makeLabel(this, QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, "E0E0E0");
+    // The clock's count may run past the label's 40 pixels over the panel beside it: the label is
+    // as wide as the count of 99 hours.
+    labTemps->resize(QFontMetrics(labTemps->font()).horizontalAdvance(QStringLiteral(" 356400")), 24);
 
     pctEcran1 = makeScreen(this);
     pctEcran2 = makeScreen(this);

@@ -2,10 +2,12 @@
 // the Ctrl key and the clock.
 #include "frmFond.h"
 #include "modBase.h"
+#include "sprite_pixels.h"
 #include "system_input.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScreen>
 #include <QTest>
 #include <QToolTip>
@@ -192,6 +194,28 @@ private slots:
         gTempsNiveau = 3599;
         fond->myTimer_Timer();
         QCOMPARE(fond->labTemps->text(), QStringLiteral(" 3600"));
+    }
+
+    // Every count shows whole, up to that of 99 hours, at the clock's place in its font and colour,
+    // whichever game's screen lies beside it.
+    void theClockShowsTheWholeCount()
+    {
+        const QRect wide(36, 65, 120, 24); // room for any count
+        fond->labTemps->show();
+        for (void (frmFond::*prepare)() : {&frmFond::PrepareEcran1, &frmFond::PrepareEcran2, &frmFond::PrepareEcran3}) {
+            (fond.get()->*prepare)();
+            for (const char *count : {" 1", " 999", " 1000", " 356400"}) {
+                fond->labTemps->setText(QLatin1String(count));
+                QImage wanted = fond->image.copy(wide);
+                QPainter painter(&wanted);
+                painter.setFont(fond->labTemps->font());
+                painter.setPen(QColor(0xE0, 0xE0, 0xE0));
+                painter.drawText(QRect(QPoint(0, 0), wide.size()), Qt::AlignLeft | Qt::AlignTop, QLatin1String(count));
+                painter.end();
+                QCOMPARE(firstWrongPixel(fond->grab(wide).toImage().convertToFormat(QImage::Format_RGB32), wanted),
+                         QString());
+            }
+        }
     }
 
     void aWonLevelsSecondsJoinTheTotalUpToTheCap()
