@@ -1,13 +1,12 @@
 // The main window driven as a player would: its layout, the menu art, the screens, the drag,
 // the Ctrl key and the clock.
 #include "frmFond.h"
+#include "label_text.h"
 #include "modBase.h"
-#include "sprite_pixels.h"
 #include "system_input.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScreen>
 #include <QTest>
 #include <QToolTip>
@@ -206,12 +205,8 @@ private slots:
             (fond.get()->*prepare)();
             for (const char *count : {" 1", " 999", " 1000", " 356400"}) {
                 fond->labTemps->setText(QLatin1String(count));
-                QImage wanted = fond->image.copy(wide);
-                QPainter painter(&wanted);
-                painter.setFont(fond->labTemps->font());
-                painter.setPen(QColor(0xE0, 0xE0, 0xE0));
-                painter.drawText(QRect(QPoint(0, 0), wide.size()), Qt::AlignLeft | Qt::AlignTop, QLatin1String(count));
-                painter.end();
+                const QImage wanted = withText(fond->image.copy(wide), fond->labTemps->font(), QColor(0xE0, 0xE0, 0xE0),
+                                               Qt::AlignLeft | Qt::AlignTop, QLatin1String(count));
                 QCOMPARE(firstWrongPixel(fond->grab(wide).toImage().convertToFormat(QImage::Format_RGB32), wanted),
                          QString());
             }
