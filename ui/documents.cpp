@@ -10,6 +10,7 @@
 #include <QProcess>
 #include <QSet>
 #include <QStandardPaths>
+#include <QTimer>
 
 namespace {
 
@@ -100,6 +101,8 @@ void openInViewer(const QString &document, const QString &mimeType, std::functio
         lookUps().remove(document);
     });
     query->start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"), mimeType});
+    // A look-up that never answers counts as no viewer, and the document can be asked for again.
+    QTimer::singleShot(10000, query, &QProcess::kill);
 }
 
 void OuvreAide()
