@@ -191,7 +191,7 @@ void frmFond::quitQuestion()
     if (gJeu >= 1 && gJeu <= 3) return;
     const QString reponse = AfficheMess(QStringLiteral("Voulez-vous vraiment quitter le programme ?"),
                                         QStringLiteral("Oui"), QStringLiteral("Non"), QString(), false, QString());
-    // The program ends here and only here; a quit through the windows would meet closeEvent.
+    // Ends the event loop at once: quit() would first ask the windows to close, which closeEvent refuses.
     if (reponse == QLatin1String("Oui")) QCoreApplication::exit(0);
 }
 
