@@ -109,6 +109,7 @@ void OuvreAide()
 {
     const QString aide = gCheminApp + QDir::toNativeSeparators(QStringLiteral("aidemarelle/aide.htm"));
     openInViewer(aide, QStringLiteral("text/html"), [aide] {
-        QMessageBox::warning(mainWindow(), QStringLiteral("Marelle"), QStringLiteral("Impossible d'ouvrir :\r\n") + aide);
+        QMessageBox::warning(mainWindow(), QStringLiteral("Marelle"),
+                             QStringLiteral("Impossible d'ouvrir :\r\n") + aide);
     });
 }

@@ -1,8 +1,8 @@
 // Play control at the real window: each menu button in each state, the start of a game, the
 // question of a running game ("Annuler", "Rejouer" with and without Ctrl, "Abandonner") and quitting.
-#include "frmBest.h"
 #include "cue_names.h"
 #include "first_moment.h"
+#include "frmBest.h"
 #include "play_session.h"
 #include "system_input.h"
 
@@ -288,7 +288,9 @@ private slots:
         s.startOn(2, {0, 1});
         PlaySession::press(s.fond->pctEcran2, Qt::LeftButton, {3 * 60 + 30, 4 * 60 + 30});
         Probe pause([this] { return !s.fond->isEnabled(); },
-                    [this] { xdotool(pointerTo(s.fond->imgMenu[4], {21, 21}) << QStringLiteral("mousedown") << "1"); });
+                    [this] {
+                        xdotool(pointerTo(s.fond->imgMenu[4], {21, 21}) << QStringLiteral("mousedown") << "1");
+                    });
         PlaySession::press(s.fond->pctEcran2, Qt::LeftButton, {4 * 60 + 30, 4 * 60 + 30});
         QVERIFY(pause.fired);
         QCOMPARE(gNiveau, 1);

@@ -130,8 +130,8 @@ private slots:
     void captionsStandAtTheTopOfTheirLabels()
     {
         QStringList faults;
-        ask(QStringLiteral("?"), QStringLiteral("Abandonner"), QStringLiteral("Rejouer"), QStringLiteral("Annuler"), false,
-            {}, [&faults](frmMess *m) {
+        ask(QStringLiteral("?"), QStringLiteral("Abandonner"), QStringLiteral("Rejouer"), QStringLiteral("Annuler"),
+            false, {}, [&faults](frmMess *m) {
                 for (ClickLabel *label : m->reponse) faults << captionFault(label, Qt::black);
                 QTest::mouseClick(m->reponse[0], Qt::LeftButton);
             });

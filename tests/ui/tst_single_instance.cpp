@@ -19,7 +19,8 @@ class TestSingleInstance : public QObject {
         env.insert(QStringLiteral("XDG_RUNTIME_DIR"), mRuntime.path());
         env.insert(QStringLiteral("PULSE_SERVER"), mRuntime.filePath(QStringLiteral("no-sound")));
         for (const QString &name : unset) env.remove(name);
-        for (const QString &pair : set) env.insert(pair.section(QLatin1Char('='), 0, 0), pair.section(QLatin1Char('='), 1));
+        for (const QString &pair : set)
+            env.insert(pair.section(QLatin1Char('='), 0, 0), pair.section(QLatin1Char('='), 1));
         process->setProcessEnvironment(env);
         process->start(QStringLiteral(MARELLE_EXE), {});
         return process;
@@ -37,10 +38,10 @@ class TestSingleInstance : public QObject {
     static bool shownOnX(int seconds)
     {
         QProcess search;
-        search.start(QStringLiteral("timeout"), {QString::number(seconds), QStringLiteral("xdotool"),
-                                                  QStringLiteral("search"), QStringLiteral("--sync"),
-                                                  QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-                                                  QStringLiteral("^Marelle$")});
+        search.start(QStringLiteral("timeout"),
+                     {QString::number(seconds), QStringLiteral("xdotool"), QStringLiteral("search"),
+                      QStringLiteral("--sync"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+                      QStringLiteral("^Marelle$")});
         return search.waitForFinished(seconds * 1000 + 5000) && search.exitCode() == 0;
     }
 
@@ -94,8 +95,8 @@ private slots:
         QTest::addColumn<bool>("onX");
         const QString session = QStringLiteral("XDG_SESSION_TYPE=wayland");
         QTest::newRow("both") << QStringList{session} << QStringList{QStringLiteral("QT_QPA_PLATFORM")} << true;
-        QTest::newRow("both, Wayland chosen") << QStringList{session, QStringLiteral("QT_QPA_PLATFORM=wayland")}
-                                              << QStringList{} << false;
+        QTest::newRow("both, Wayland chosen")
+            << QStringList{session, QStringLiteral("QT_QPA_PLATFORM=wayland")} << QStringList{} << false;
         QTest::newRow("Wayland alone") << QStringList{session}
                                        << QStringList{QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("DISPLAY")}
                                        << false;
@@ -111,8 +112,9 @@ private slots:
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("XDG_RUNTIME_DIR"), mRuntime.path());
         weston.setProcessEnvironment(env);
-        weston.start(QStringLiteral("weston"), {QStringLiteral("--backend=headless-backend.so"),
-                                                QStringLiteral("--socket=wayland-marelle"), QStringLiteral("--idle-time=0")});
+        weston.start(QStringLiteral("weston"),
+                     {QStringLiteral("--backend=headless-backend.so"), QStringLiteral("--socket=wayland-marelle"),
+                      QStringLiteral("--idle-time=0")});
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(mRuntime.filePath(QStringLiteral("wayland-marelle"))), 10000);
 
         auto program = start(set << QStringLiteral("WAYLAND_DISPLAY=wayland-marelle"), unset);

@@ -145,8 +145,9 @@ private slots:
             box->accept();
         });
         OuvreAide();
-        QTRY_COMPARE_WITH_TIMEOUT(text,
-                 QStringLiteral("Impossible d'ouvrir :\r\n") + gCheminApp + QStringLiteral("aidemarelle/aide.htm"), 5000);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            text, QStringLiteral("Impossible d'ouvrir :\r\n") + gCheminApp + QStringLiteral("aidemarelle/aide.htm"),
+            5000);
         QCOMPARE(title, QStringLiteral("Marelle"));
         QCOMPARE(icon, QMessageBox::Warning);
         QVERIFY(openedDocuments().isEmpty());

@@ -311,8 +311,9 @@ private slots:
         if (!underX()) QSKIP("only a real window system queues presses");
         session.startOn(2, {0, 1});
         click(2, 6);
-        queuePresses(fond->pctEcran2,
-                     {{Qt::RightButton, centreOf(0, 0)}, {Qt::RightButton, centreOf(0, 0)}, {Qt::LeftButton, centreOf(5, 5)}});
+        queuePresses(
+            fond->pctEcran2,
+            {{Qt::RightButton, centreOf(0, 0)}, {Qt::RightButton, centreOf(0, 0)}, {Qt::LeftButton, centreOf(5, 5)}});
         QTest::qWait(100);
         QCOMPARE(played(), cues("010x2 007 010"));
         verifyBoard(levelBoard(0, {{5, 5}}), 5 * 8 + 5);
