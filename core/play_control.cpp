@@ -13,7 +13,8 @@
 #include "saved_games.h"
 #include "sound.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QCloseEvent>
 
 namespace {
 
@@ -190,7 +191,16 @@ void frmFond::quitQuestion()
     if (gJeu >= 1 && gJeu <= 3) return;
     const QString reponse = AfficheMess(QStringLiteral("Voulez-vous vraiment quitter le programme ?"),
                                         QStringLiteral("Oui"), QStringLiteral("Non"), QString(), false, QString());
-    if (reponse == QLatin1String("Oui")) QCoreApplication::quit();
+    // Ends the event loop at once: quit() would first ask the windows to close, which closeEvent refuses.
+    if (reponse == QLatin1String("Oui")) QCoreApplication::exit(0);
+}
+
+// A close request from the desktop (a key, the task bar, the session) does what button 6 does:
+// the quit question when no game runs and nothing else is being asked, otherwise nothing.
+void frmFond::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    if (isEnabled() && !QApplication::activeModalWidget()) quitQuestion();
 }
 
 bool frmFond::wonLevel(bool solved)

@@ -11,7 +11,7 @@
 
 bool frmFond::Form_Load()
 {
-    mInstance = lockSingleInstance();
+    if (!mInstance) mInstance = lockSingleInstance();
     if (!mInstance) return false;
 
     gCheminApp = withTrailingSeparator(QCoreApplication::applicationDirPath());

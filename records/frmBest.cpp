@@ -23,7 +23,7 @@ QLabel *tableLabel(QWidget *parent, const QRect &place, const QFont &font)
     auto *label = new QLabel(parent);
     label->setGeometry(place);
     label->setFont(font);
-    label->setAlignment(Qt::AlignCenter);
+    label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     label->setTextFormat(Qt::PlainText);
     label->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
     return label;

@@ -16,14 +16,14 @@ frmFile::frmFile(QWidget *parent)
     labMess = new QLabel(QStringLiteral("Choisissez votre fichier :"), this);
     labMess->setGeometry(33, 30, 238, 20);
     labMess->setFont(boldArial(16));
-    labMess->setAlignment(Qt::AlignCenter);
+    labMess->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     labMess->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
 
     for (int i = 0; i < 5; ++i) {
         labF[i] = new ClickLabel(this);
         labF[i]->setGeometry(22, 58 + 22 * i, 230, 20);
         labF[i]->setFont(boldArial(16));
-        labF[i]->setAlignment(Qt::AlignCenter);
+        labF[i]->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
         labF[i]->setTextFormat(Qt::PlainText);
         labF[i]->setCursor(customPointer());
         QPalette palette = labF[i]->palette();

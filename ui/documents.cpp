@@ -3,21 +3,22 @@
 #include "frmFond.h"
 #include "modBase.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
 #include <QProcess>
+#include <QSet>
 #include <QStandardPaths>
+#include <QTimer>
 
 namespace {
 
-// The desktop entry registered as the default for a type, asked of the desktop's own tool.
-QString defaultDesktopEntry(const QString &mimeType)
+// The documents whose viewer is being looked up: a second request for one of them is dropped.
+QSet<QString> &lookUps()
 {
-    QProcess query;
-    query.start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"), mimeType});
-    if (!query.waitForFinished(5000) || query.exitCode() != 0) return {};
-    return QString::fromLocal8Bit(query.readAllStandardOutput()).trimmed();
+    static QSet<QString> documents;
+    return documents;
 }
 
 // The Exec line of a desktop entry, found where the desktop keeps them.
@@ -36,11 +37,10 @@ QString execLine(const QString &desktopEntry)
     return {};
 }
 
-// The command line of the viewer registered for a type of document, as program and arguments
-// with the document in its place; empty when none is registered.
-QStringList registeredViewer(const QString &mimeType, const QString &document)
+// The command line of the viewer of a desktop entry, as program and arguments with the document in
+// its place; empty when there is no such viewer.
+QStringList viewerCommand(const QString &desktopEntry, const QString &document)
 {
-    const QString desktopEntry = defaultDesktopEntry(mimeType);
     if (desktopEntry.isEmpty()) return {};
     const QString exec = execLine(desktopEntry);
     if (exec.isEmpty()) return {};
@@ -60,6 +60,18 @@ QStringList registeredViewer(const QString &mimeType, const QString &document)
     return command;
 }
 
+void startViewer(const QString &desktopEntry, const QString &document, const std::function<void()> &failed)
+{
+    QStringList command = viewerCommand(desktopEntry, document);
+    if (command.isEmpty()) return;
+    const QString program = command.takeFirst();
+    if (!QProcess::startDetached(program, command)) {
+        if (failed) failed();
+        return;
+    }
+    openedDocuments().append(document);
+}
+
 } // namespace
 
 QStringList &openedDocuments()
@@ -68,19 +80,36 @@ QStringList &openedDocuments()
     return opened;
 }
 
-ViewerOutcome openInViewer(const QString &document, const QString &mimeType)
+qsizetype viewerLookUps() { return lookUps().size(); }
+
+void openInViewer(const QString &document, const QString &mimeType, std::function<void()> failed)
 {
-    QStringList command = registeredViewer(mimeType, document);
-    if (command.isEmpty()) return ViewerOutcome::NoViewer;
-    const QString program = command.takeFirst();
-    if (!QProcess::startDetached(program, command)) return ViewerOutcome::Failed;
-    openedDocuments().append(document);
-    return ViewerOutcome::Opened;
+    if (lookUps().contains(document)) return;
+    lookUps().insert(document);
+    // The desktop's own tool names the viewer registered for the type. It may take seconds, so it
+    // runs beside the event loop and the viewer starts when it answers.
+    auto *query = new QProcess(qApp);
+    QObject::connect(query, &QProcess::finished, query, [query, document, failed](int exitCode) {
+        query->deleteLater();
+        lookUps().remove(document);
+        const QString entry = QString::fromLocal8Bit(query->readAllStandardOutput()).trimmed();
+        if (query->exitStatus() == QProcess::NormalExit && exitCode == 0) startViewer(entry, document, failed);
+    });
+    QObject::connect(query, &QProcess::errorOccurred, query, [query, document](QProcess::ProcessError error) {
+        if (error != QProcess::FailedToStart) return;
+        query->deleteLater();
+        lookUps().remove(document);
+    });
+    query->start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"), mimeType});
+    // A look-up that never answers counts as no viewer, and the document can be asked for again.
+    QTimer::singleShot(10000, query, &QProcess::kill);
 }
 
 void OuvreAide()
 {
     const QString aide = gCheminApp + QDir::toNativeSeparators(QStringLiteral("aidemarelle/aide.htm"));
-    if (openInViewer(aide, QStringLiteral("text/html")) != ViewerOutcome::Failed) return;
-    QMessageBox::warning(mainWindow(), QStringLiteral("Marelle"), QStringLiteral("Impossible d'ouvrir :\r\n") + aide);
+    openInViewer(aide, QStringLiteral("text/html"), [aide] {
+        QMessageBox::warning(mainWindow(), QStringLiteral("Marelle"),
+                             QStringLiteral("Impossible d'ouvrir :\r\n") + aide);
+    });
 }

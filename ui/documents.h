@@ -3,15 +3,17 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 // Opens the help pages in the registered viewer. No viewer: nothing happens. A viewer that
 // cannot be started: a warning box names the page.
 void OuvreAide();
 
-enum class ViewerOutcome { Opened, NoViewer, Failed };
+// Starts the viewer registered for a type of document on that document, without waiting for it:
+// the viewer is looked up beside the event loop, and a request for a document whose viewer is still
+// being looked up is dropped. No viewer: nothing happens; a viewer that cannot start: `failed` runs.
+void openInViewer(const QString &document, const QString &mimeType, std::function<void()> failed = {});
 
-// Starts the viewer registered for a type of document on that document, without waiting for it.
-ViewerOutcome openInViewer(const QString &document, const QString &mimeType);
-
-// The documents that viewers were started on, in order: what a test reads.
+// The look-ups under way, and the documents that viewers were started on, in order: what a test reads.
+qsizetype viewerLookUps();
 QStringList &openedDocuments();

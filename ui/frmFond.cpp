@@ -64,7 +64,7 @@ int keyCodeOf(const QKeyEvent *event) { return event->key() == Qt::Key_Control ?
 
 frmFond *mainWindow() { return theMainWindow; }
 
-frmFond::frmFond(QWidget *parent) : Surface(parent)
+frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent) : Surface(parent), mInstance(std::move(instance))
 {
     theMainWindow = this;
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
@@ -91,6 +91,9 @@ frmFond::frmFond(QWidget *parent) : Surface(parent)
     labNiveau = makeLabel(this, QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, "404040");
     labNiveau->setText(QStringLiteral("000"));
     labTemps = makeLabel(this, QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, "E0E0E0");
+    // The clock's count may run past the label's 40 pixels over the panel beside it: the label is
+    // as wide as the count of 99 hours.
+    labTemps->resize(QFontMetrics(labTemps->font()).horizontalAdvance(QStringLiteral(" 356400")), 24);
 
     pctEcran1 = makeScreen(this);
     pctEcran2 = makeScreen(this);
@@ -182,6 +185,8 @@ bool frmFond::eventFilter(QObject *watched, QEvent *event)
 {
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
     auto *widget = qobject_cast<QWidget *>(watched);
+    // Tool tips, like clicks, only while the window takes input.
+    if (event->type() == QEvent::ToolTip && widget && widget->window() == this && !isEnabled()) return true;
     if (isKey && widget && widget->window() == this && isEnabled()) {
         auto *key = static_cast<QKeyEvent *>(event);
         if (event->type() == QEvent::KeyPress)

@@ -20,10 +20,12 @@ class frmFond : public Surface {
     Q_OBJECT
 
 public:
-    explicit frmFond(QWidget *parent = nullptr);
+    // Built with the lock of the single instance when the caller took it already.
+    explicit frmFond(std::unique_ptr<QLockFile> instance = nullptr, QWidget *parent = nullptr);
     ~frmFond() override;
 
     // Start-up. Returns false when another instance already runs: the program must then end.
+    // A window built without the lock takes it here first.
     bool Form_Load();
 
     // Draws the menu art of the idle state (0) or of a running game (anything else).
@@ -125,6 +127,7 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     void prepareScreen(Surface *screen, int left, int top, int width, int height);

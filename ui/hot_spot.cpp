@@ -6,6 +6,7 @@ HotSpot::HotSpot(QWidget *parent) : QWidget(parent) {}
 
 void HotSpot::mousePressEvent(QMouseEvent *event)
 {
+    mPressed |= event->button();
     emit mouseDown(event->button(), event->modifiers(), event->position().x(), event->position().y());
 }
 
@@ -17,5 +18,8 @@ void HotSpot::mouseMoveEvent(QMouseEvent *event)
 void HotSpot::mouseReleaseEvent(QMouseEvent *event)
 {
     emit mouseUp(event->button(), event->modifiers(), event->position().x(), event->position().y());
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) emit clicked();
+    const bool pressedHere = mPressed & event->button();
+    mPressed &= ~event->button();
+    if (pressedHere && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        emit clicked();
 }

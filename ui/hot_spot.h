@@ -13,11 +13,14 @@ signals:
     void mouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift, double x, double y);
     void mouseMove(Qt::MouseButtons buttons, Qt::KeyboardModifiers shift, double x, double y);
     void mouseUp(Qt::MouseButton button, Qt::KeyboardModifiers shift, double x, double y);
-    // A press and release of the left button over the area.
+    // A press and release of the left button over the area, the press taken while the area took input.
     void clicked();
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    Qt::MouseButtons mPressed; // the buttons whose press this area took
 };

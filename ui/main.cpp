@@ -1,4 +1,5 @@
 #include "frmFond.h"
+#include "running_instance.h"
 
 #include <QApplication>
 #include <csignal>
@@ -14,6 +15,13 @@ bool hasDisplay()
            || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
 }
 
+// The program prints nothing: Qt's own notes (no sound device, a platform's remarks) are dropped,
+// unless MARELLE_DEBUG is set. Only a fatal error, which ends the program, is said.
+void quietMessages(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type == QtFatalMsg) std::fprintf(stderr, "marelle: %s\n", qPrintable(message));
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -24,8 +32,21 @@ int main(int argc, char *argv[])
         std::fputs("marelle: no display found (neither DISPLAY nor WAYLAND_DISPLAY is set)\n", stderr);
         return EXIT_FAILURE;
     }
+    if (!qEnvironmentVariableIsSet("MARELLE_DEBUG")) qInstallMessageHandler(quietMessages);
+
+    // Another instance runs: end before the window system or any picture is touched.
+    std::unique_ptr<QLockFile> instance = lockSingleInstance();
+    if (!instance) return EXIT_SUCCESS;
+
+    // Only an X server lets the window and its dialogs place themselves, so where one is at hand
+    // (XWayland too) it is preferred, unless the user chose a platform. The programs started from
+    // here, the help viewers, make their own choice.
+    const bool preferX = qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY");
+    if (preferX) qputenv("QT_QPA_PLATFORM", "xcb;wayland");
     QApplication app(argc, argv);
-    frmFond fond;
+    if (preferX) qunsetenv("QT_QPA_PLATFORM");
+
+    frmFond fond(std::move(instance));
     if (!fond.Form_Load()) return EXIT_SUCCESS;
     fond.show();
     return app.exec();

@@ -39,7 +39,7 @@ ClickLabel *PictureDialog::buttonLabel(int place, const QString &caption)
     label->setText(caption);
     label->setGeometry(100, 189 + 34 * place, 180, 27);
     label->setFont(boldArial(19));
-    label->setAlignment(Qt::AlignCenter);
+    label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     label->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
     label->setCursor(customPointer());
     return label;

@@ -11,7 +11,9 @@ void JoueSon(QString nom)
     nom = gCheminApp + nom;
     if (tambour.propertyGet(5).toString() != nom) tambour.propertyPut(5, nom);
     tambour.propertyPut(1, 7);
-    QCoreApplication::processEvents();
+    // The cue of a click comes while input is still on: clicks waiting now are left for later, so
+    // that each click is handled to its end before the next one is taken.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     tambour.propertyPut(1, 6);
 }
 

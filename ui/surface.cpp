@@ -28,10 +28,14 @@ void Surface::paintEvent(QPaintEvent *event)
 
 void Surface::mousePressEvent(QMouseEvent *event)
 {
+    mPressed |= event->button();
     emit mouseDown(event->button(), event->modifiers(), event->position().x(), event->position().y());
 }
 
 void Surface::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (rect().contains(event->position().toPoint())) emit clicked();
+    // A release whose press came while the window took no input is no click.
+    const bool pressedHere = mPressed & event->button();
+    mPressed &= ~event->button();
+    if (pressedHere && rect().contains(event->position().toPoint())) emit clicked();
 }

@@ -28,4 +28,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    Qt::MouseButtons mPressed; // the buttons whose press this surface took
 };

@@ -1,7 +1,10 @@
 // Play control at the real window: each menu button in each state, the start of a game, the
 // question of a running game ("Annuler", "Rejouer" with and without Ctrl, "Abandonner") and quitting.
+#include "cue_names.h"
+#include "first_moment.h"
 #include "frmBest.h"
 #include "play_session.h"
+#include "system_input.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -241,6 +244,64 @@ private slots:
         });
         QCOMPARE(QCoreApplication::exec(), 0); // the program's event loop ends with status 0
         QCOMPARE(s.lastMessage, QStringLiteral("Voulez-vous vraiment quitter le programme ?"));
+    }
+
+    // A close request from the system is button 6: the quit question when no game runs and no
+    // dialog is up, where only "Oui" ends the program; nothing during a game or under a dialog.
+    void aCloseRequestIsButtonSix()
+    {
+        s.lastMessage.clear();
+        s.answer(QStringLiteral("Non"));
+        askToClose(s.fond.get());
+        QTRY_COMPARE(s.lastMessage, QStringLiteral("Voulez-vous vraiment quitter le programme ?"));
+        QVERIFY(s.fond->isVisible());
+
+        s.startGame(1, QStringLiteral("eve"));
+        s.played().clear();
+        askToClose(s.fond.get());
+        QCOMPARE(gJeu, 1);
+        QVERIFY(s.played().isEmpty());
+        QVERIFY(s.fond->isVisible());
+        whenModal([this](QWidget *dialog) {
+            askToClose(s.fond.get());
+            QCOMPARE(QApplication::activeModalWidget(), dialog);
+            QTest::mouseClick(qobject_cast<frmMess *>(dialog)->reponse[2], Qt::LeftButton);
+        });
+        s.clickMenu(3);
+        QCOMPARE(s.played(), cues("008 009"));
+        QCOMPARE(gJeu, 1);
+
+        s.answer(QStringLiteral("Abandonner"));
+        s.clickMenu(3);
+        QTimer::singleShot(0, [this] {
+            s.answer(QStringLiteral("Oui"));
+            askToClose(s.fond.get());
+        });
+        QCOMPARE(QCoreApplication::exec(), 0);
+    }
+
+    // A press made while input is off is lost with its release, even when the button comes up after
+    // input is back on: here on button 4 in the pause after a won level, and the best times stay shut.
+    void aPressInThePauseIsLostWithItsRelease()
+    {
+        if (!underX()) QSKIP("only a real window system keeps a button down across the pause");
+        s.startOn(2, {0, 1});
+        PlaySession::press(s.fond->pctEcran2, Qt::LeftButton, {3 * 60 + 30, 4 * 60 + 30});
+        Probe pause([this] { return !s.fond->isEnabled(); },
+                    [this] {
+                        xdotool(pointerTo(s.fond->imgMenu[4], {21, 21}) << QStringLiteral("mousedown") << "1");
+                    });
+        PlaySession::press(s.fond->pctEcran2, Qt::LeftButton, {4 * 60 + 30, 4 * 60 + 30});
+        QVERIFY(pause.fired);
+        QCOMPARE(gNiveau, 1);
+        QTimer closer;
+        closer.callOnTimeout([] {
+            if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget())) dialog->done(0);
+        });
+        closer.start(10);
+        xdotool({QStringLiteral("mouseup"), QStringLiteral("1")});
+        QTest::qWait(100);
+        QCOMPARE(s.played(), cues("010x2 001 002"));
     }
 };
 

@@ -56,8 +56,9 @@ command=$root/usr/$bin_dir/marelle
 ((faults == 0)) || finish
 
 # Started through the command on the path, the program stays up, finds its sound cues (a missing
-# one makes the sound layer print "Error decoding") and keeps a second start from running.
-export QT_QPA_PLATFORM=offscreen XDG_DATA_HOME=$scratch/data XDG_RUNTIME_DIR=$scratch/run
+# one makes the sound layer print "Error decoding", which MARELLE_DEBUG lets through) and keeps a
+# second start from running.
+export QT_QPA_PLATFORM=offscreen XDG_DATA_HOME=$scratch/data XDG_RUNTIME_DIR=$scratch/run MARELLE_DEBUG=1
 "$command" 2>"$scratch/first.err" &
 first=$!
 sleep 1

@@ -1,5 +1,6 @@
 // The saved-game chooser over a real folder of saved games, driven by clicks on its labels and arrows.
 #include "frmFile.h"
+#include "label_text.h"
 #include "modal_run.h"
 #include "sound.h"
 
@@ -124,7 +125,9 @@ private slots:
             QCOMPARE(f->labF[i]->font().pixelSize(), 16);
             QCOMPARE(f->labF[i]->cursor().shape(), Qt::BitmapCursor);
             QCOMPARE(f->labF[i]->palette().color(QPalette::WindowText), f->palette().color(QPalette::WindowText));
+            QCOMPARE(captionFault(f->labF[i], Qt::black), QString());
         }
+        QCOMPARE(captionFault(f->labMess, Qt::black), QString());
         for (const auto &[w, place] : {std::pair<QWidget *, QRect>{f->labMess, {33, 30, 238, 20}},
                                        {f->imgScroll[0], {255, 59, 20, 51}},
                                        {f->imgScroll[1], {255, 111, 20, 51}},

@@ -1,7 +1,9 @@
 // The main window driven as a player would: its layout, the menu art, the screens, the drag,
 // the Ctrl key and the clock.
 #include "frmFond.h"
+#include "label_text.h"
 #include "modBase.h"
+#include "system_input.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -92,16 +94,31 @@ private slots:
         }
     }
 
-    void menuButtonsShowTheirToolTips()
+    // The pointer resting on a button, or on the picture, brings its tool tip while the window takes
+    // input, and none while it takes none, as in the pause after a won level.
+    void toolTipsComeOnlyWhileTheWindowTakesInput()
     {
-        for (int i : {0, 4, 6}) {
-            const QPoint middle = fond->imgMenu[i]->rect().center();
-            QTest::mouseMove(fond->imgMenu[i], middle);
-            QHelpEvent help(QEvent::ToolTip, middle, fond->imgMenu[i]->mapToGlobal(middle));
-            QApplication::sendEvent(fond->imgMenu[i], &help);
-            QTRY_VERIFY(QToolTip::isVisible());
-            QCOMPARE(QToolTip::text(), fond->imgMenu[i]->toolTip());
-            QToolTip::hideText();
+        const QList<QWidget *> withTips = {fond->imgMenu[0], fond->imgMenu[4], fond->imgMenu[6], fond->Picture1};
+        fond->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(fond.get()));
+        for (bool input : {true, false}) {
+            fond->setEnabled(input);
+            for (QWidget *widget : input ? withTips : withTips.mid(2)) {
+                const QPoint middle = widget->rect().center();
+                QTRY_VERIFY(!QToolTip::isVisible());
+                if (underX())
+                    xdotool(pointerTo(widget, middle));
+                else
+                    QTest::mouseMove(widget, middle);
+                if (input) {
+                    QTRY_VERIFY(QToolTip::isVisible());
+                    QCOMPARE(QToolTip::text(), widget->toolTip());
+                } else {
+                    QTest::qWait(1200);
+                    QVERIFY2(!QToolTip::isVisible(), qPrintable(QToolTip::text()));
+                }
+                QToolTip::hideText();
+            }
         }
         QCOMPARE(fond->imgMenu[0]->toolTip(), QStringLiteral("Cliquez sur ce bouton pour lancer le jeu 1"));
         QCOMPARE(fond->imgMenu[4]->toolTip(), QStringLiteral("Cliquez sur ce bouton pour lire le tableau des scores"));
@@ -176,6 +193,24 @@ private slots:
         gTempsNiveau = 3599;
         fond->myTimer_Timer();
         QCOMPARE(fond->labTemps->text(), QStringLiteral(" 3600"));
+    }
+
+    // Every count shows whole, up to that of 99 hours, at the clock's place in its font and colour,
+    // whichever game's screen lies beside it.
+    void theClockShowsTheWholeCount()
+    {
+        const QRect wide(36, 65, 120, 24); // room for any count
+        fond->labTemps->show();
+        for (void (frmFond::*prepare)() : {&frmFond::PrepareEcran1, &frmFond::PrepareEcran2, &frmFond::PrepareEcran3}) {
+            (fond.get()->*prepare)();
+            for (const char *count : {" 1", " 999", " 1000", " 356400"}) {
+                fond->labTemps->setText(QLatin1String(count));
+                const QImage wanted = withText(fond->image.copy(wide), fond->labTemps->font(), QColor(0xE0, 0xE0, 0xE0),
+                                               Qt::AlignLeft | Qt::AlignTop, QLatin1String(count));
+                QCOMPARE(firstWrongPixel(fond->grab(wide).toImage().convertToFormat(QImage::Format_RGB32), wanted),
+                         QString());
+            }
+        }
     }
 
     void aWonLevelsSecondsJoinTheTotalUpToTheCap()

@@ -1,6 +1,7 @@
 // The message dialog answered by clicks on its labels, as a player answers it.
 #include "frmFond.h"
 #include "frmMess.h"
+#include "label_text.h"
 #include "modal_answer.h"
 
 #include <QTest>
@@ -123,6 +124,18 @@ private slots:
             QTest::mouseClick(m->reponse[0], Qt::LeftButton);
         });
         QVERIFY(fond->mCtrl);
+    }
+
+    // Each caption stands centred across its label and at its top, as every centred label does.
+    void captionsStandAtTheTopOfTheirLabels()
+    {
+        QStringList faults;
+        ask(QStringLiteral("?"), QStringLiteral("Abandonner"), QStringLiteral("Rejouer"), QStringLiteral("Annuler"),
+            false, {}, [&faults](frmMess *m) {
+                for (ClickLabel *label : m->reponse) faults << captionFault(label, Qt::black);
+                QTest::mouseClick(m->reponse[0], Qt::LeftButton);
+            });
+        QCOMPARE(faults, QStringList(3, QString()));
     }
 };
 

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QMessageBox>
 #include <QSoundEffect>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -46,6 +47,14 @@ private slots:
         script.write("#!/bin/sh\nprintf '%s\\n' \"$@\" >> \"" + viewerLog().toUtf8() + "\"\n");
         script.close();
         script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
+        // The desktop's look-up of a viewer made slower, as it is on some desktops.
+        QDir(desktop.path()).mkpath(QStringLiteral("slow"));
+        QFile slow(desktop.filePath(QStringLiteral("slow/xdg-mime")));
+        QVERIFY(slow.open(QIODevice::WriteOnly));
+        slow.write("#!/bin/sh\nsleep 1\nexec " + QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).toUtf8()
+                   + " \"$@\"\n");
+        slow.close();
+        slow.setPermissions(slow.permissions() | QFileDevice::ExeOwner);
     }
 
     void init()
@@ -57,7 +66,11 @@ private slots:
         openedDocuments().clear();
         QFile::remove(viewerLog());
     }
-    void cleanup() { fond.reset(); }
+    void cleanup()
+    {
+        QTRY_COMPARE_WITH_TIMEOUT(viewerLookUps(), 0, 5000);
+        fond.reset();
+    }
 
     void theSixCuesDecode()
     {
@@ -91,13 +104,14 @@ private slots:
         registerViewer(QStringLiteral("text/html"), desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
         gJeu = 2;
         OuvreAide();
+        OuvreAide(); // a second click while the first is on its way starts no second viewer
         const QString aide = gCheminApp + QStringLiteral("aidemarelle/aide.htm");
-        QCOMPARE(openedDocuments(), QStringList({aide}));
         const auto logged = [this] {
             QFile log(viewerLog());
             return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()).trimmed() : QString();
         };
         QTRY_COMPARE_WITH_TIMEOUT(logged(), aide, 5000);
+        QCOMPARE(openedDocuments(), QStringList({aide}));
         QCOMPARE(gJeu, 2);
     }
 
@@ -105,6 +119,7 @@ private slots:
     {
         registerViewer(QStringLiteral("text/html"), QString());
         OuvreAide();
+        QTRY_COMPARE_WITH_TIMEOUT(viewerLookUps(), 0, 5000);
         QVERIFY(openedDocuments().isEmpty());
         QVERIFY(!QApplication::activeModalWidget());
     }
@@ -130,8 +145,9 @@ private slots:
             box->accept();
         });
         OuvreAide();
-        QCOMPARE(text,
-                 QStringLiteral("Impossible d'ouvrir :\r\n") + gCheminApp + QStringLiteral("aidemarelle/aide.htm"));
+        QTRY_COMPARE_WITH_TIMEOUT(
+            text, QStringLiteral("Impossible d'ouvrir :\r\n") + gCheminApp + QStringLiteral("aidemarelle/aide.htm"),
+            5000);
         QCOMPARE(title, QStringLiteral("Marelle"));
         QCOMPARE(icon, QMessageBox::Warning);
         QVERIFY(openedDocuments().isEmpty());
@@ -144,8 +160,26 @@ private slots:
         fond->show();
         QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
         QTest::mouseClick(fond->Picture1, Qt::LeftButton);
-        QCOMPARE(openedDocuments(), QStringList({gCheminApp + QStringLiteral("catalogue.chm")}));
+        QTest::mouseClick(fond->Picture1, Qt::LeftButton); // a double click starts one viewer
+        QTRY_COMPARE_WITH_TIMEOUT(openedDocuments(), QStringList({gCheminApp + QStringLiteral("catalogue.chm")}), 5000);
         QVERIFY(fond->tambour.played.isEmpty());
+    }
+
+    // The clock goes on counting while the desktop looks for the viewer, however long it takes.
+    void theClockRunsWhileHelpIsOpening()
+    {
+        registerViewer(QStringLiteral("text/html"), desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", desktop.filePath(QStringLiteral("slow")).toUtf8() + ':' + path);
+        fond->show();
+        QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
+        gJeu = 2;
+        gTempsNiveau = 0;
+        fond->myTimer.start(50);
+        QTest::mouseClick(fond->imgMenu[5], Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(openedDocuments().size(), 1, 5000);
+        qputenv("PATH", path);
+        QVERIFY2(gTempsNiveau >= 5, qPrintable(QStringLiteral("%1 ticks in a look-up of a second").arg(gTempsNiveau)));
     }
 };
 

@@ -5,6 +5,7 @@
 #include "best_times_bytes.h"
 #include "board_oracle.h"
 #include "game_steps.h"
+#include "system_input.h"
 
 #include <array>
 #include <vector>
@@ -394,6 +395,20 @@ private slots:
             QCOMPARE(fond().pairs.iChoix3, -1);
         }
         QCOMPARE(screenHolds(cells, -1), QString());
+    }
+
+    // Two presses on the second tile of a pair that reach a busy window together: the pair goes once,
+    // and the emptied cell never becomes the selection.
+    void queuedPressesAreHandledOneAtATime()
+    {
+        if (!underX()) QSKIP("only a real window system queues presses");
+        session.startOn(3, {0});
+        clickCell(5, 3);
+        queuePresses(fond().pctEcran3, {{Qt::LeftButton, centreOf(3, 3)}, {Qt::LeftButton, centreOf(3, 3)}});
+        QTest::qWait(100);
+        QCOMPARE(played(), cues("010x2"));
+        QCOMPARE(fond().pairs.iCoup3, 0);
+        QCOMPARE(screenHolds(levelZero("3Sad / .3.2 / CT3B"), -1), QString());
     }
 };
 

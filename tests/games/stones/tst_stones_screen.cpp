@@ -7,6 +7,7 @@
 #include "game_steps.h"
 #include "level_store.h"
 #include "stone_board.h"
+#include "system_input.h"
 
 #include <QWindow>
 
@@ -300,6 +301,22 @@ private slots:
         QCOMPARE(played(), cues("010x2 007 010x3 007"));
         verifyBoard(levelBoard(0, {{3, 4}}));
         pressIgnored(Qt::RightButton, centreOf(0, 0));
+        verifyPlaying(*fond, 2, 0, QString());
+    }
+
+    // Two take-backs and a click that reach a busy window together are handled one after the other,
+    // never one inside the other: the second take-back finds nothing left to take back.
+    void queuedPressesAreHandledOneAtATime()
+    {
+        if (!underX()) QSKIP("only a real window system queues presses");
+        session.startOn(2, {0, 1});
+        click(2, 6);
+        queuePresses(
+            fond->pctEcran2,
+            {{Qt::RightButton, centreOf(0, 0)}, {Qt::RightButton, centreOf(0, 0)}, {Qt::LeftButton, centreOf(5, 5)}});
+        QTest::qWait(100);
+        QCOMPARE(played(), cues("010x2 007 010"));
+        verifyBoard(levelBoard(0, {{5, 5}}), 5 * 8 + 5);
         verifyPlaying(*fond, 2, 0, QString());
     }
 };

@@ -6,6 +6,7 @@
 #include "best_times_bytes.h"
 #include "board_oracle.h"
 #include "game_steps.h"
+#include "system_input.h"
 
 #include <vector>
 
@@ -272,6 +273,19 @@ private slots:
         for (const Cell &c : kSolutions[0]) click(Qt::MiddleButton, lowerPoint(c));
         QCOMPARE(played(), cues("010x5 001 002"));
         verifyPlaying(fond(), 1, 1, QString());
+        QCOMPARE(screenFault(), QString());
+    }
+
+    // Two presses on one socket that reach a busy window together: the tile is placed once.
+    void queuedPressesAreHandledOneAtATime()
+    {
+        if (!underX()) QSKIP("only a real window system queues presses");
+        session.startOn(1, {0, 1});
+        queuePresses(fond().pctEcran1, {{Qt::LeftButton, lowerPoint({3, 4})}, {Qt::LeftButton, lowerPoint({3, 4})}});
+        QTest::qWait(100);
+        QCOMPARE(played(), cues("010"));
+        QCOMPARE(fond().tiles.iCoup1, 0);
+        QCOMPARE(fond().tiles.tabJeu1[3][4], 1);
         QCOMPARE(screenFault(), QString());
     }
 };
