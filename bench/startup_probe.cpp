@@ -3,10 +3,11 @@
 //
 //   startup_probe [--reps N] [--idle SECONDS] [--min-side PIXELS] [--home FOLDER] -- PROGRAM [ARGS...]
 //
-// Each run starts PROGRAM with a new runtime and data folder of its own (XDG_RUNTIME_DIR,
-// XDG_DATA_HOME), so that a single-instance program never meets the run before it. The configuration
-// and cache folders (XDG_CONFIG_HOME, XDG_CACHE_HOME) lie in FOLDER, kept from one run and one call
-// to the next as a user's are from one start to the next (a new temporary folder without --home).
+// Each run starts PROGRAM with a new runtime folder of its own (XDG_RUNTIME_DIR), so that a
+// single-instance program never meets the run before it. The data, configuration and cache folders
+// (XDG_DATA_HOME, XDG_CONFIG_HOME, XDG_CACHE_HOME) lie in FOLDER, kept from one run and one call to
+// the next as a user's are from one start to the next (a new temporary folder without --home): what a
+// program writes at its very first start is written in a warm-up run.
 //
 // Method, the same for every program: the clock starts just before fork(). Every millisecond the
 // probe lists the top-level windows of the display (the display runs no window manager, so these are
@@ -187,7 +188,7 @@ Run runOnce(Display *display, const std::string &home, const std::vector<std::st
     const std::string base = newTempFolder();
     if (base.empty()) return run;
     const std::string runtime = makeFolder(base, "run");
-    const std::string data = makeFolder(base, "data");
+    const std::string data = makeFolder(home, "data");
     const std::string config = makeFolder(home, "config");
     const std::string cache = makeFolder(home, "cache");
 

@@ -92,7 +92,6 @@ frmFond::frmFond(QWidget *parent) : Surface(parent)
     }
 
     labNiveau = makeLabel(this, QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, 0x404040);
-    labNiveau->setText(QStringLiteral("000"));
     labTemps = makeLabel(this, QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, 0xE0E0E0);
 
     pctEcran1 = makeScreen(this, pointer);
