@@ -30,29 +30,31 @@ const MenuButton kMenuButtons[7] = {
     {9, 461, "Cliquez sur ce bouton pour quitter le programme"},
 };
 
-QLabel *makeLabel(QWidget *parent, QRect geometry, Qt::Alignment alignment, const char *colour)
+QLabel *makeLabel(QWidget *parent, QRect geometry, Qt::Alignment alignment, QRgb colour)
 {
     auto *label = new QLabel(parent);
     label->setGeometry(geometry);
     label->setFont(boldArial(19));
     label->setAlignment(alignment);
-    label->setStyleSheet(QStringLiteral("color: #%1; background: transparent;").arg(QLatin1String(colour)));
+    // A colour by palette rather than by style sheet, which would bring in the style sheet engine.
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, QColor::fromRgb(colour));
+    label->setPalette(palette);
     label->hide();
     return label;
 }
 
-Surface *makeSheet(QWidget *parent, const QString &picture)
+Surface *makeSheet(QWidget *parent)
 {
     auto *sheet = new Surface(parent);
-    sheet->loadPicture(picture);
     sheet->hide();
     return sheet;
 }
 
-Surface *makeScreen(QWidget *parent)
+Surface *makeScreen(QWidget *parent, const QCursor &pointer)
 {
     auto *screen = new Surface(parent);
-    screen->setCursor(customPointer());
+    screen->setCursor(pointer);
     screen->hide();
     return screen;
 }
@@ -73,6 +75,7 @@ frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent) : Surface
     setFixedSize(600, 600);
     move(screen()->availableGeometry().center() - rect().center());
 
+    const QCursor pointer = customPointer();
     imgMove = new HotSpot(this);
     imgMove->setGeometry(0, 0, 601, 22);
     imgMove->setCursor(Qt::SizeAllCursor);
@@ -83,28 +86,29 @@ frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent) : Surface
     for (int i = 0; i < 7; ++i) {
         imgMenu[i] = new HotSpot(this);
         imgMenu[i]->setGeometry(kMenuButtons[i].left, kMenuButtons[i].top, 43, 43);
-        imgMenu[i]->setCursor(customPointer());
+        imgMenu[i]->setCursor(pointer);
         imgMenu[i]->setToolTip(QString::fromUtf8(kMenuButtons[i].toolTip));
         connect(imgMenu[i], &HotSpot::clicked, this, [this, i] { imgMenu_Click(i); });
     }
 
-    labNiveau = makeLabel(this, QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, "404040");
-    labNiveau->setText(QStringLiteral("000"));
-    labTemps = makeLabel(this, QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, "E0E0E0");
+    labNiveau = makeLabel(this, QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, 0x404040);
+    labTemps = makeLabel(this, QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, 0xE0E0E0);
     // The clock's count may run past the label's 40 pixels over the panel beside it: the label is
     // as wide as the count of 99 hours.
     labTemps->resize(QFontMetrics(labTemps->font()).horizontalAdvance(QStringLiteral(" 356400")), 24);
 
-    pctEcran1 = makeScreen(this);
-    pctEcran2 = makeScreen(this);
-    pctEcran3 = makeScreen(this);
+    pctEcran1 = makeScreen(this, pointer);
+    pctEcran2 = makeScreen(this, pointer);
+    pctEcran3 = makeScreen(this, pointer);
     connect(pctEcran1, &Surface::mouseDown, this, &frmFond::pctEcran1_MouseDown);
     connect(pctEcran2, &Surface::mouseDown, this, &frmFond::pctEcran2_MouseDown);
     connect(pctEcran3, &Surface::mouseDown, this, &frmFond::pctEcran3_MouseDown);
-    pctPion1 = makeSheet(this, QStringLiteral(":/art/pion1.bmp"));
-    pctPion2 = makeSheet(this, QStringLiteral(":/art/pion2.bmp"));
-    pctPion3 = makeSheet(this, QStringLiteral(":/art/pion3.bmp"));
-    pctMenu = makeSheet(this, QStringLiteral(":/art/menu.bmp"));
+    // The games' sheets are read when their screens are first prepared: the idle window shows none.
+    pctPion1 = makeSheet(this);
+    pctPion2 = makeSheet(this);
+    pctPion3 = makeSheet(this);
+    pctMenu = makeSheet(this);
+    pctMenu->loadPicture(QStringLiteral(":/art/menu.bmp"));
 
     Picture1 = new Surface(this);
     Picture1->loadPicture(QStringLiteral(":/art/catalogue.jpg"));
@@ -131,8 +135,10 @@ void frmFond::AfficheMenu(int32_t etat)
     refresh();
 }
 
-void frmFond::prepareScreen(Surface *screen, int left, int top, int width, int height)
+void frmFond::prepareScreen(Surface *screen, Surface *sheet, const char *picture, int left, int top, int width,
+                            int height)
 {
+    if (sheet->image.isNull()) sheet->loadPicture(QLatin1String(picture));
     pctEcran1->hide();
     pctEcran2->hide();
     pctEcran3->hide();
@@ -142,9 +148,9 @@ void frmFond::prepareScreen(Surface *screen, int left, int top, int width, int h
     screen->show();
 }
 
-void frmFond::PrepareEcran1() { prepareScreen(pctEcran1, 128, 26, 432, 548); }
-void frmFond::PrepareEcran2() { prepareScreen(pctEcran2, 104, 30, 480, 540); }
-void frmFond::PrepareEcran3() { prepareScreen(pctEcran3, 110, 66, 468, 468); }
+void frmFond::PrepareEcran1() { prepareScreen(pctEcran1, pctPion1, ":/art/pion1.bmp", 128, 26, 432, 548); }
+void frmFond::PrepareEcran2() { prepareScreen(pctEcran2, pctPion2, ":/art/pion2.bmp", 104, 30, 480, 540); }
+void frmFond::PrepareEcran3() { prepareScreen(pctEcran3, pctPion3, ":/art/pion3.bmp", 110, 66, 468, 468); }
 
 void frmFond::showLevelNumber()
 {

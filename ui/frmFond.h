@@ -130,7 +130,8 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void prepareScreen(Surface *screen, int left, int top, int width, int height);
+    // Also reads the game's sheet, the first time.
+    void prepareScreen(Surface *screen, Surface *sheet, const char *picture, int left, int top, int width, int height);
 
     std::unique_ptr<QLockFile> mInstance;
 };

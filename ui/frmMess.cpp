@@ -13,7 +13,7 @@ frmMess::frmMess(QWidget *parent) : PictureDialog(parent, QStringLiteral(":/art/
     imgB[0] = nullptr;
     for (int i = 1; i <= 2; ++i) {
         imgB[i] = new QLabel(this);
-        imgB[i]->setPixmap(QPixmap(QStringLiteral(":/art/bouton.bmp")));
+        imgB[i]->setPixmap(QPixmap::fromImage(readPicture(QStringLiteral(":/art/bouton.bmp"))));
         imgB[i]->setGeometry(100, 186 + 34 * i, 180, 30);
     }
 

@@ -8,7 +8,7 @@
 #include <QPainter>
 
 PictureDialog::PictureDialog(QWidget *parent, const QString &picture, const QString &caption)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mFond(picture)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mFond(readPicture(picture))
 {
     setWindowTitle(caption);
     setFixedSize(mFond.size());

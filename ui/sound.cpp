@@ -1,5 +1,6 @@
 #include "sound.h"
 
+#include "cue_player.h"
 #include "frmFond.h"
 #include "modBase.h"
 
@@ -19,7 +20,9 @@ void JoueSon(QString nom)
 
 void preloadCues()
 {
+    QStringList waves;
     for (const char *cue :
          {"marel001.wav", "marel002.wav", "marel007.wav", "marel008.wav", "marel009.wav", "marel010.wav"})
-        mainWindow()->tambour.preload(gCheminApp + QLatin1String(cue));
+        waves.append(gCheminApp + QLatin1String(cue));
+    mainWindow()->tambour.usePlayer(gCheminApp + QLatin1String(kCuePlayerModule), waves, mainWindow());
 }

@@ -6,5 +6,5 @@
 // Plays a wave file of the program's folder from its start, pumps events once and returns at once.
 void JoueSon(QString nom);
 
-// Loads the six cues, so that the first play of each is instant.
+// Has the six cues loaded once the window has shown, so that the first play of each is instant.
 void preloadCues();

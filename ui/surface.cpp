@@ -1,7 +1,16 @@
 #include "surface.h"
 
+#include <QFileInfo>
+#include <QImageReader>
 #include <QMouseEvent>
 #include <QPainter>
+
+QImage readPicture(const QString &path)
+{
+    QImageReader reader(path, QFileInfo(path).suffix().toLatin1());
+    reader.setAutoDetectImageFormat(false);
+    return reader.read();
+}
 
 Surface::Surface(QWidget *parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
 
@@ -14,7 +23,7 @@ void Surface::resizeSurface(int w, int h)
 
 void Surface::loadPicture(const QString &path)
 {
-    image = QImage(path).convertToFormat(QImage::Format_RGB32);
+    image = readPicture(path).convertToFormat(QImage::Format_RGB32);
     resize(image.size());
 }
 

@@ -4,6 +4,10 @@
 #include <QImage>
 #include <QWidget>
 
+// Reads a picture in the format its suffix names. Qt reads BMP and PNG by itself, but when it has
+// to guess it first loads every image format plugin to ask each whether it reads them.
+QImage readPicture(const QString &path);
+
 class Surface : public QWidget {
     Q_OBJECT
 

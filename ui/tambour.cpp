@@ -1,9 +1,20 @@
 #include "tambour.h"
 
+#include "cue_player.h"
 #include "documents.h"
 
+#include <QEvent>
 #include <QFileInfo>
-#include <QUrl>
+#include <QPluginLoader>
+#include <QTimer>
+#include <QWidget>
+
+namespace {
+
+// How long after the window's first paint the player is loaded.
+constexpr int kPlayerDelayMs = 250;
+
+} // namespace
 
 QVariant Tambour::propertyGet(int id) const
 {
@@ -15,15 +26,11 @@ void Tambour::propertyPut(int id, const QVariant &value)
 {
     if (id == 5) {
         mPath = value.toString();
-        effectFor(mPath);
-    } else if (id == 1) {
-        QSoundEffect *effect = effectFor(mPath);
-        if (value.toInt() == 7) {
-            effect->stop();
-        } else if (value.toInt() == 6) {
-            played.append(QFileInfo(mPath).fileName());
-            effect->play();
-        }
+    } else if (id == 1 && value.toInt() == 7) {
+        if (mPlayer) mPlayer->stop(mPath);
+    } else if (id == 1 && value.toInt() == 6) {
+        played.append(QFileInfo(mPath).fileName());
+        if (CuePlayer *p = player()) p->play(mPath);
     }
 }
 
@@ -32,14 +39,30 @@ void Tambour::invoke(int id, const QString &argument)
     if (id == 24) openInViewer(argument, QStringLiteral("application/vnd.ms-htmlhelp"));
 }
 
-void Tambour::preload(const QString &path) { effectFor(path); }
-
-QSoundEffect *Tambour::effectFor(const QString &path)
+void Tambour::usePlayer(const QString &module, const QStringList &waves, QWidget *window)
 {
-    std::unique_ptr<QSoundEffect> &effect = mEffects[path];
-    if (!effect) {
-        effect = std::make_unique<QSoundEffect>();
-        effect->setSource(QUrl::fromLocalFile(path));
+    mModule = module;
+    mWaves = waves;
+    window->installEventFilter(this);
+}
+
+bool Tambour::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Paint) {
+        watched->removeEventFilter(this);
+        QTimer::singleShot(kPlayerDelayMs, this, &Tambour::player);
     }
-    return effect.get();
+    return false;
+}
+
+CuePlayer *Tambour::player()
+{
+    if (!mLoadTried && !mModule.isEmpty()) {
+        mLoadTried = true;
+        // The module stays loaded for the life of the program, whatever becomes of the loader.
+        mPlayer = qobject_cast<CuePlayer *>(QPluginLoader(mModule).instance());
+        if (mPlayer)
+            for (const QString &wave : mWaves) mPlayer->load(wave);
+    }
+    return mPlayer;
 }

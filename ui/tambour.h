@@ -1,14 +1,15 @@
 // The sound and catalogue control, driven by dispatch ids as the program's family of controls is:
 // property 5 is the path of the wave file it holds, property 1 takes a command (7 stops the wave,
 // 6 plays it from its start), and method 24 opens a compiled help file in its registered viewer.
+// Its wave player is a module beside the program; without the module the control is silent.
 #pragma once
 
 #include <QObject>
-#include <QSoundEffect>
 #include <QStringList>
 #include <QVariant>
-#include <map>
-#include <memory>
+
+class CuePlayer;
+class QWidget;
 
 class Tambour : public QObject {
     Q_OBJECT
@@ -18,15 +19,24 @@ public:
     void propertyPut(int id, const QVariant &value);
     void invoke(int id, const QString &argument);
 
-    // Loads a wave ahead of its first play, so that the first play starts at once.
-    void preload(const QString &path);
+    // Names the player module and the waves it loads at once. The module is loaded a moment after
+    // the window first paints, out of the way of the first frames, or at the first play if that
+    // comes sooner.
+    void usePlayer(const QString &module, const QStringList &waves, QWidget *window);
 
     // The file names of the waves played, in order: what a test listens to.
     QStringList played;
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
-    QSoundEffect *effectFor(const QString &path);
+    // The player, loaded at the first call; null when the module is missing or unusable.
+    CuePlayer *player();
 
     QString mPath;
-    std::map<QString, std::unique_ptr<QSoundEffect>> mEffects;
+    QString mModule;
+    QStringList mWaves;
+    CuePlayer *mPlayer = nullptr;
+    bool mLoadTried = false;
 };

@@ -46,7 +46,7 @@ fi
 root=$scratch/root
 dpkg-deb -x "$deb" "$root" || { fault "dpkg-deb -x failed"; finish; }
 program=$root/usr/$program_dir
-for file in marelle marel001.wav marel002.wav marel007.wav marel008.wav marel009.wav marel010.wav \
+for file in marelle marelle-sound.so marel001.wav marel002.wav marel007.wav marel008.wav marel009.wav marel010.wav \
   aidemarelle/aide.htm catalogue.chm; do
   [ -f "$program/$file" ] || fault "the package lacks usr/$program_dir/$file"
 done

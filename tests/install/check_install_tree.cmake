@@ -17,7 +17,7 @@ set(root ${STAGE}${PREFIX})
 
 # The program folder: the executable and everything it reads beside it.
 set(program ${root}/${PROGRAM_DIR})
-foreach(file marelle marel001.wav marel002.wav marel007.wav marel008.wav marel009.wav marel010.wav
+foreach(file marelle marelle-sound.so marel001.wav marel002.wav marel007.wav marel008.wav marel009.wav marel010.wav
     aidemarelle/aide.htm aidemarelle/style.css catalogue.chm)
   if(NOT EXISTS ${program}/${file} OR IS_DIRECTORY ${program}/${file})
     fault("missing from the program folder: ${PROGRAM_DIR}/${file}")

@@ -1,4 +1,6 @@
-// Sound cues and outside documents: JoueSon, OuvreAide with its three outcomes, and the catalogue.
+// Sound cues and outside documents: JoueSon and the player module behind it, OuvreAide with its
+// three outcomes, and the catalogue.
+#include "cue_player.h"
 #include "documents.h"
 #include "frmFond.h"
 #include "modBase.h"
@@ -7,7 +9,7 @@
 
 #include <QDir>
 #include <QMessageBox>
-#include <QSoundEffect>
+#include <QPluginLoader>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -31,6 +33,23 @@ class TestSoundDocuments : public QObject {
         QFile defaults(desktop.filePath(QStringLiteral("config/mimeapps.list")));
         QVERIFY(defaults.open(QIODevice::WriteOnly));
         if (!exec.isEmpty()) defaults.write("[Default Applications]\n" + mimeType.toUtf8() + "=test-viewer.desktop\n");
+    }
+
+    // Whether a library whose file name holds this text is mapped into the process.
+    static bool mapped(const char *library)
+    {
+        QFile maps(QStringLiteral("/proc/self/maps"));
+        return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(library);
+    }
+
+    // The sound effect of the loaded player module that holds a wave of the program's folder.
+    static QObject *effectOf(const char *wave)
+    {
+        QObject *player = QPluginLoader(gCheminApp + QLatin1String(kCuePlayerModule)).instance();
+        const QUrl source = QUrl::fromLocalFile(gCheminApp + QLatin1String(wave));
+        for (QObject *effect : player->children())
+            if (effect->property("source").toUrl() == source) return effect;
+        return nullptr;
     }
 
 private slots:
@@ -62,6 +81,7 @@ private slots:
         fond = std::make_unique<frmFond>();
         QVERIFY(fond->Form_Load());
         gCheminApp = QStringLiteral(BUILD_ROOT "/");
+        preloadCues(); // the module and the waves of the build folder
         fond->tambour.played.clear();
         openedDocuments().clear();
         QFile::remove(viewerLog());
@@ -72,14 +92,29 @@ private slots:
         fond.reset();
     }
 
-    void theSixCuesDecode()
+    // First of all: once loaded, the player module stays for the life of the process.
+    void aCueAskedBeforeThePlayerIsLoadedPlaysFromItsStart()
     {
+        QVERIFY(!mapped(kCuePlayerModule));
+        QVERIFY(!mapped("libQt6Multimedia"));
+        fond->show();
+        JoueSon(QStringLiteral("marel002.wav"));
+        QVERIFY(mapped("libQt6Multimedia"));
+        QObject *wave = effectOf("marel002.wav");
+        QVERIFY(wave);
+        QVERIFY(wave->property("playing").toBool());
+        QTRY_COMPARE_WITH_TIMEOUT(wave->property("status").toString(), QStringLiteral("Ready"), 5000);
+        QCOMPARE(fond->tambour.played, QStringList({"marel002.wav"}));
+    }
+
+    void theSixCuesAreLoadedWithThePlayerAndDecode()
+    {
+        JoueSon(QStringLiteral("marel010.wav"));
         for (const char *cue :
              {"marel001.wav", "marel002.wav", "marel007.wav", "marel008.wav", "marel009.wav", "marel010.wav"}) {
-            QSoundEffect effect;
-            effect.setSource(QUrl::fromLocalFile(gCheminApp + QLatin1String(cue)));
-            QTRY_VERIFY_WITH_TIMEOUT(effect.status() != QSoundEffect::Loading, 5000);
-            QCOMPARE(effect.status(), QSoundEffect::Ready);
+            QObject *wave = effectOf(cue);
+            QVERIFY2(wave, cue);
+            QTRY_COMPARE_WITH_TIMEOUT(wave->property("status").toString(), QStringLiteral("Ready"), 5000);
         }
     }
 
