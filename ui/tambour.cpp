@@ -16,6 +16,8 @@ constexpr int kPlayerDelayMs = 250;
 
 } // namespace
 
+Tambour::~Tambour() { delete mPlayerObject; }
+
 QVariant Tambour::propertyGet(int id) const
 {
     if (id == 5) return mPath;
@@ -59,8 +61,11 @@ CuePlayer *Tambour::player()
 {
     if (!mLoadTried && !mModule.isEmpty()) {
         mLoadTried = true;
-        // The module stays loaded for the life of the program, whatever becomes of the loader.
-        mPlayer = qobject_cast<CuePlayer *>(QPluginLoader(mModule).instance());
+        // The module stays loaded for the life of the program, whatever becomes of the loader; its
+        // player is deleted with this control, not at the program's exit, when the sound libraries'
+        // own globals may already be gone.
+        mPlayerObject = QPluginLoader(mModule).instance();
+        mPlayer = qobject_cast<CuePlayer *>(mPlayerObject);
         if (mPlayer)
             for (const QString &wave : mWaves) mPlayer->load(wave);
     }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 #include <QVariant>
 
@@ -15,6 +16,9 @@ class Tambour : public QObject {
     Q_OBJECT
 
 public:
+    // The player goes with the control, while the sound libraries it uses are still there.
+    ~Tambour() override;
+
     QVariant propertyGet(int id) const;
     void propertyPut(int id, const QVariant &value);
     void invoke(int id, const QString &argument);
@@ -38,5 +42,6 @@ private:
     QString mModule;
     QStringList mWaves;
     CuePlayer *mPlayer = nullptr;
+    QPointer<QObject> mPlayerObject;
     bool mLoadTried = false;
 };
