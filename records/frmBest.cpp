@@ -31,7 +31,7 @@ QLabel *tableLabel(QWidget *parent, const QRect &place, const QFont &font)
 
 } // namespace
 
-frmBest::frmBest(QWidget *parent) : PictureDialog(parent, QStringLiteral(":/art/best.jpg"), QStringLiteral("Scores"))
+frmBest::frmBest(QWidget *parent) : PictureDialog(parent, QStringLiteral("best.jpg"), QStringLiteral("Scores"))
 {
 
     for (int i = 0; i < 9; ++i) {

@@ -8,7 +8,7 @@
 #include <QCloseEvent>
 
 frmFile::frmFile(QWidget *parent)
-    : PictureDialog(parent, QStringLiteral(":/art/file.jpg"), QStringLiteral("Selecteur fichier"))
+    : PictureDialog(parent, QStringLiteral("file.jpg"), QStringLiteral("Selecteur fichier"))
 {
     setWindowTitle(QStringLiteral("Selecteur fichier"));
     setFixedSize(300, 300);

@@ -64,12 +64,12 @@ int keyCodeOf(const QKeyEvent *event) { return event->key() == Qt::Key_Control ?
 
 frmFond *mainWindow() { return theMainWindow; }
 
-frmFond::frmFond(QWidget *parent) : Surface(parent)
+frmFond::frmFond(QWidget *parent) : Surface(parent), mRatio(devicePixelRatioF())
 {
     theMainWindow = this;
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setWindowTitle(QStringLiteral("Marelle"));
-    loadPicture(QStringLiteral(":/art/fond.jpg"));
+    loadPicture(QStringLiteral("fond.jpg"));
     setFixedSize(600, 600);
     move(screen()->availableGeometry().center() - rect().center());
 
@@ -98,13 +98,13 @@ frmFond::frmFond(QWidget *parent) : Surface(parent)
     connect(pctEcran1, &Surface::mouseDown, this, &frmFond::pctEcran1_MouseDown);
     connect(pctEcran2, &Surface::mouseDown, this, &frmFond::pctEcran2_MouseDown);
     connect(pctEcran3, &Surface::mouseDown, this, &frmFond::pctEcran3_MouseDown);
-    pctPion1 = makeSheet(this, QStringLiteral(":/art/pion1.bmp"));
-    pctPion2 = makeSheet(this, QStringLiteral(":/art/pion2.bmp"));
-    pctPion3 = makeSheet(this, QStringLiteral(":/art/pion3.bmp"));
-    pctMenu = makeSheet(this, QStringLiteral(":/art/menu.bmp"));
+    pctPion1 = makeSheet(this, QStringLiteral("pion1.bmp"));
+    pctPion2 = makeSheet(this, QStringLiteral("pion2.bmp"));
+    pctPion3 = makeSheet(this, QStringLiteral("pion3.bmp"));
+    pctMenu = makeSheet(this, QStringLiteral("menu.bmp"));
 
     Picture1 = new Surface(this);
-    Picture1->loadPicture(QStringLiteral(":/art/catalogue.jpg"));
+    Picture1->loadPicture(QStringLiteral("catalogue.jpg"));
     Picture1->move(0, 510);
     Picture1->setCursor(handPointer());
     Picture1->setToolTip(QStringLiteral("le catalogue Cerisaie Logiciels"));
@@ -124,7 +124,7 @@ frmFond::~frmFond()
 
 void frmFond::AfficheMenu(int32_t etat)
 {
-    BitBlt(image, 0, 130, 80, 375, pctMenu->image, etat == 0 ? 0 : 80, 0, SRCCOPY);
+    BitBlt(this, 0, 130, 80, 375, pctMenu, etat == 0 ? 0 : 80, 0, SRCCOPY);
     refresh();
 }
 
@@ -135,7 +135,7 @@ void frmFond::prepareScreen(Surface *screen, int left, int top, int width, int h
     pctEcran3->hide();
     screen->move(left, top);
     screen->resizeSurface(width, height);
-    BitBlt(screen->image, 0, 0, width, height, image, left, top, SRCCOPY);
+    BitBlt(screen, 0, 0, width, height, this, left, top, SRCCOPY);
     screen->show();
 }
 
@@ -175,6 +175,28 @@ void frmFond::imgMove_MouseMove(Qt::MouseButtons, Qt::KeyboardModifiers, double 
 }
 
 void frmFond::imgMove_MouseUp(Qt::MouseButton, Qt::KeyboardModifiers, double, double) { mGlisse = false; }
+
+void frmFond::paintEvent(QPaintEvent *event)
+{
+    if (devicePixelRatioF() != mRatio) showAtRatio(devicePixelRatioF());
+    Surface::paintEvent(event);
+}
+
+// The sheets, the menu art and the catalogue picture are pictures alone; the window's image is its
+// picture with the menu art copied in, and the screens are copies of the window and the sheets. So
+// each is drawn after the surfaces it copies from, and the screens show what they showed, crisp.
+void frmFond::showAtRatio(qreal ratio)
+{
+    mRatio = ratio;
+    if (const int s = artScaleFor(ratio); s != scale()) {
+        for (Surface *picture : {pctPion1, pctPion2, pctPion3, pctMenu, Picture1}) picture->redrawAt(s);
+        redrawAt(s);
+        for (Surface *screen : {pctEcran1, pctEcran2, pctEcran3}) screen->redrawAt(s);
+    }
+    for (Surface *screen : {pctEcran1, pctEcran2, pctEcran3}) screen->setCursor(customPointer());
+    for (HotSpot *button : imgMenu) button->setCursor(customPointer());
+    Picture1->setCursor(handPointer());
+}
 
 void frmFond::Picture1_Click() { tambour.invoke(24, gCheminApp + QStringLiteral("catalogue.chm")); }
 

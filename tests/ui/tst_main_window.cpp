@@ -2,6 +2,7 @@
 // the Ctrl key and the clock.
 #include "frmFond.h"
 #include "modBase.h"
+#include "sprite_pixels.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -11,12 +12,10 @@
 
 namespace {
 
+// The same pixels in a logical rectangle of one image and at a logical point of another.
 bool sameRegion(const QImage &a, const QRect &inA, const QImage &b, const QPoint &inB)
 {
-    for (int y = 0; y < inA.height(); ++y)
-        for (int x = 0; x < inA.width(); ++x)
-            if (a.pixel(inA.x() + x, inA.y() + y) != b.pixel(inB.x() + x, inB.y() + y)) return false;
-    return true;
+    return a.copy(devicePixels(a, inA)) == b.copy(devicePixels(b, QRect(inB, inA.size())));
 }
 
 } // namespace
@@ -81,7 +80,7 @@ private slots:
             Surface *screen = fond.get()->*c.screen;
             QVERIFY(screen->isVisible());
             QCOMPARE(screen->geometry(), c.place);
-            QCOMPARE(screen->image.size(), c.place.size());
+            QCOMPARE(screen->image.deviceIndependentSize(), QSizeF(c.place.size()));
             QVERIFY(sameRegion(screen->image, QRect(QPoint(0, 0), c.place.size()), fond->image, c.place.topLeft()));
             // Exactly one screen is visible: preparing one hides the other two.
             int visible = fond->pctEcran1->isVisible() + fond->pctEcran2->isVisible() + fond->pctEcran3->isVisible();
