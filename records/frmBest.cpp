@@ -42,6 +42,7 @@ frmBest::frmBest(QWidget *parent) : PictureDialog(parent, QStringLiteral("best.j
     Image1 = new HotSpot(this);
     Image1->setGeometry(110, 505, 179, 30);
     Image1->setCursor(customPointer());
+    Image1->setAccessibleName(QStringLiteral("Fermer"));
     connect(Image1, &HotSpot::clicked, this, &frmBest::Image1_Click);
 }
 

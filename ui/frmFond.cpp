@@ -1,5 +1,6 @@
 #include "frmFond.h"
 
+#include "accessibility.h"
 #include "bitblt.h"
 #include "fonts.h"
 #include "modBase.h"
@@ -30,9 +31,11 @@ const MenuButton kMenuButtons[7] = {
     {9, 461, "Cliquez sur ce bouton pour quitter le programme"},
 };
 
-QLabel *makeLabel(QWidget *parent, QRect geometry, Qt::Alignment alignment, const char *colour)
+// A label of the window; `meaning` names it for assistive technology.
+QLabel *makeLabel(QWidget *parent, const char *meaning, QRect geometry, Qt::Alignment alignment, const char *colour)
 {
     auto *label = new QLabel(parent);
+    label->setAccessibleName(QString::fromUtf8(meaning));
     label->setGeometry(geometry);
     label->setFont(boldArial(19));
     label->setAlignment(alignment);
@@ -67,6 +70,7 @@ frmFond *mainWindow() { return theMainWindow; }
 frmFond::frmFond(QWidget *parent) : Surface(parent), mRatio(devicePixelRatioF())
 {
     theMainWindow = this;
+    installAccessibility();
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setWindowTitle(QStringLiteral("Marelle"));
     loadPicture(QStringLiteral("fond.jpg"));
@@ -84,13 +88,15 @@ frmFond::frmFond(QWidget *parent) : Surface(parent), mRatio(devicePixelRatioF())
         imgMenu[i] = new HotSpot(this);
         imgMenu[i]->setGeometry(kMenuButtons[i].left, kMenuButtons[i].top, 43, 43);
         imgMenu[i]->setCursor(customPointer());
+        // Assistive technology names a button by its tool tip's words.
         imgMenu[i]->setToolTip(QString::fromUtf8(kMenuButtons[i].toolTip));
+        imgMenu[i]->setAccessibleName(imgMenu[i]->toolTip());
         connect(imgMenu[i], &HotSpot::clicked, this, [this, i] { imgMenu_Click(i); });
     }
 
-    labNiveau = makeLabel(this, QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, "404040");
+    labNiveau = makeLabel(this, "Niveau", QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, "404040");
     labNiveau->setText(QStringLiteral("000"));
-    labTemps = makeLabel(this, QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, "E0E0E0");
+    labTemps = makeLabel(this, "Chronomètre", QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, "E0E0E0");
 
     pctEcran1 = makeScreen(this);
     pctEcran2 = makeScreen(this);
@@ -108,6 +114,7 @@ frmFond::frmFond(QWidget *parent) : Surface(parent), mRatio(devicePixelRatioF())
     Picture1->move(0, 510);
     Picture1->setCursor(handPointer());
     Picture1->setToolTip(QStringLiteral("le catalogue Cerisaie Logiciels"));
+    Picture1->setAccessibleName(Picture1->toolTip());
     Picture1->hide();
     connect(Picture1, &Surface::clicked, this, &frmFond::Picture1_Click);
 
