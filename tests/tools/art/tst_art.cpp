@@ -4,6 +4,8 @@
 // game 3 stay apart for every colour vision and have marks of their own, and that
 // the pips and the best-times titles stand where they should.
 
+#include "colour_vision.h"
+
 #include <QFile>
 #include <QImage>
 #include <QImageReader>
@@ -93,38 +95,10 @@ QRect spot(int button, int column = 0)
     return (QRect(kSpots[button], QSize(43, 43)) & QRect(0, 0, 80, 375)).translated(column, 0);
 }
 
-// ---- colour vision: the simulation of Machado, Oliveira and Fernandes (2009) at severity 1, applied
-// to linear RGB, and the CIEDE2000 difference of the colours seen ----
+// ---- colour vision: the colours seen (the simulation of the art's own tool) and their CIEDE2000
+// difference ----
 
-using Rgb = std::array<double, 3>; // linear, 0 to 1
-using Matrix = std::array<Rgb, 3>;
-
-struct Vision {
-    const char *name;
-    Matrix m;
-};
-const Vision kVisions[] = {
-    {"normal vision", {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}}},
-    {"protanopia",
-     {{{0.152286, 1.052583, -0.204868}, {0.114503, 0.786281, 0.099216}, {-0.003882, -0.048116, 1.051998}}}},
-    {"deuteranopia",
-     {{{0.367322, 0.860646, -0.227968}, {0.280085, 0.672501, 0.047413}, {-0.011820, 0.042940, 0.968881}}}},
-    {"tritanopia",
-     {{{1.255528, -0.076749, -0.178779}, {-0.078411, 0.930809, 0.147602}, {0.004733, 0.691367, 0.303900}}}},
-};
-
-double toLinear(int channel)
-{
-    const double v = channel / 255.0;
-    return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-}
-
-Rgb seenBy(const Matrix &m, const Rgb &c)
-{
-    Rgb out{};
-    for (int i = 0; i < 3; ++i) out[i] = std::clamp(m[i][0] * c[0] + m[i][1] * c[1] + m[i][2] * c[2], 0.0, 1.0);
-    return out;
-}
+using colour_vision::Rgb;
 
 // CIELAB under D65 of a linear sRGB colour.
 Rgb lab(const Rgb &c)
@@ -180,7 +154,8 @@ Rgb faceColour(const QImage &sheet, int row, int s)
         for (int x = 0; x < 52 * s; ++x)
             if (onFace({x, y}, s)) {
                 const QRgb p = sheet.pixel(x, 52 * s * row + y);
-                sum = {sum[0] + toLinear(qRed(p)), sum[1] + toLinear(qGreen(p)), sum[2] + toLinear(qBlue(p))};
+                const Rgb c = colour_vision::linear(p);
+                sum = {sum[0] + c[0], sum[1] + c[1], sum[2] + c[2]};
                 ++n;
             }
     return {sum[0] / n, sum[1] / n, sum[2] / n};
@@ -441,11 +416,11 @@ private slots:
         QFETCH(int, s);
         const QImage sheet = load("pion3.bmp", s);
         const char *colours[4] = {"blue", "red", "green", "yellow"};
-        for (const Vision &vision : kVisions)
+        for (const colour_vision::Vision &vision : colour_vision::kVisions)
             for (int a = 0; a < 4; ++a)
                 for (int b = a + 1; b < 4; ++b) {
-                    const double d = ciede2000(lab(seenBy(vision.m, faceColour(sheet, a, s))),
-                                               lab(seenBy(vision.m, faceColour(sheet, b, s))));
+                    const double d = ciede2000(lab(colour_vision::seenBy(vision, faceColour(sheet, a, s))),
+                                               lab(colour_vision::seenBy(vision, faceColour(sheet, b, s))));
                     QVERIFY2(d >= 20, qPrintable(QStringLiteral("%1 and %2 only %3 apart in %4")
                                                      .arg(colours[a], colours[b])
                                                      .arg(d, 0, 'f', 1)
