@@ -57,22 +57,6 @@ private slots:
         QCOMPARE(at(dest, 2, 0), QRgb(0x8A7B6C));
     }
 
-    // At a device pixel ratio of 2, a logical pixel is 2 x 2 pixels of each image, source and destination alike.
-    void atRatioTwoEveryLogicalPixelIsFourPixels()
-    {
-        QImage dest = filled(8, 8, 0x000000), src = filled(8, 8, 0x111111);
-        dest.setDevicePixelRatio(2);
-        src.setDevicePixelRatio(2);
-        for (const QPoint p : {QPoint(2, 4), QPoint(3, 5)}) src.setPixel(p, 0xABCDEF);
-        BitBlt(dest, 2, 1, 1, 1, src, 1, 2, SRCPAINT);
-        for (int y = 0; y < 8; ++y)
-            for (int x = 0; x < 8; ++x) {
-                const bool inside = x >= 4 && x < 6 && y >= 2 && y < 4;
-                const QRgb wanted = !inside ? 0 : (x - 4 == y - 2) ? 0xABCDEF : 0x111111;
-                QCOMPARE(at(dest, x, y), wanted);
-            }
-    }
-
     void copyingPastTheEdgeIsClipped()
     {
         QImage dest = filled(4, 4, 0x111111);

@@ -4,8 +4,8 @@
 // smoothly. Also: a surface keeps only the copies that still show.
 #include "board_oracle.h"
 #include "play_session.h"
-#include "window_states.h"
 #include "pointers.h"
+#include "window_states.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -69,8 +69,9 @@ class TestScreenScale : public QObject {
         for (const auto &[surface, name] : pictures)
             QVERIFY2(surface->image == artPicture(QString::fromLatin1(name), scale), name);
         QVERIFY(menuShowsIdleArt(fond(), false));
-        const QImage fond1 = artPicture(QStringLiteral("fond.jpg"), scale);
-        QVERIFY(fond().image.copy(devicePixels(fond1, {80, 0, 520, 600})) == fond1.copy(devicePixels(fond1, {80, 0, 520, 600})));
+        const QImage picture = artPicture(QStringLiteral("fond.jpg"), scale);
+        QVERIFY(fond().image.copy(devicePixels(picture, {80, 0, 520, 600}))
+                == picture.copy(devicePixels(picture, {80, 0, 520, 600})));
         const QImage board = pairsScreen(fond().pairs, scale);
         QCOMPARE(whole ? screenFault(fond(), fond().pctEcran3, kScreenPlace, board)
                        : firstWrongPixel(fond().pctEcran3->image, board),
@@ -124,7 +125,8 @@ private slots:
     // A long game does not make the screens' kept copies grow: every full redraw drops what it covers.
     void keptCopiesStayFew()
     {
-        for (int i = 0; i < 50; ++i) PlaySession::press(fond().pctEcran3, Qt::LeftButton, {5 * kCell + 10, 3 * kCell + 10});
+        for (int i = 0; i < 50; ++i)
+            PlaySession::press(fond().pctEcran3, Qt::LeftButton, {5 * kCell + 10, 3 * kCell + 10});
         QVERIFY(fond().pctEcran3->copies().size() <= 1 + 2 * 81);
         QCOMPARE(fond().copies().size(), size_t(1));
     }

@@ -32,7 +32,10 @@ struct Game {
 const Game kGames[] = {
     {1, "jeu1", QRect(135, 0, 108, 548), {{{3 * 54 + 27, 278 + 4 * 54 + 27}, "apres"}}},
     {2, "jeu2", QRect(90, 150, 300, 240), {{{3 * 60 + 30, 4 * 60 + 30}, "apres"}}},
-    {3, "jeu3", QRect(130, 78, 260, 208), {{{5 * 52 + 26, 3 * 52 + 26}, "choix"}, {{3 * 52 + 26, 3 * 52 + 26}, "apres"}}},
+    {3,
+     "jeu3",
+     QRect(130, 78, 260, 208),
+     {{{5 * 52 + 26, 3 * 52 + 26}, "choix"}, {{3 * 52 + 26, 3 * 52 + 26}, "apres"}}},
 };
 
 bool save(const QImage &picture, const QString &path)
@@ -48,12 +51,10 @@ QString fileName(const Game &game, const char *moment, int scale)
     return QStringLiteral("%1-%2%3.png").arg(game.name, moment, scale == 1 ? QString() : QStringLiteral("@2x"));
 }
 
-Surface *screenOf(frmFond &fond, int jeu) { return jeu == 1 ? fond.pctEcran1 : jeu == 2 ? fond.pctEcran2 : fond.pctEcran3; }
-
 // The part of the board in use, from the screen's image.
 QImage boardPart(frmFond &fond, const Game &game)
 {
-    const Surface *screen = screenOf(fond, game.jeu);
+    const Surface *screen = fond.screenOf(game.jeu);
     const int s = screen->scale();
     return screen->image.copy(QRect(game.part.topLeft() * s, game.part.size() * s));
 }
@@ -170,7 +171,8 @@ int main(int argc, char **argv)
     fond.show();
     for (const int scale : {1, 2}) {
         if (!showAt(fond, scale) || !takeGamePictures(fond, help)) return 1;
-        const QString shot = scale == 1 ? QStringLiteral("screenshot-jeu3.png") : QStringLiteral("screenshot-jeu3@2x.png");
+        const QString shot =
+            scale == 1 ? QStringLiteral("screenshot-jeu3.png") : QStringLiteral("screenshot-jeu3@2x.png");
         if (!save(jeu3InPlay(fond), docs.filePath(shot))) return 1;
     }
     return save(colourVisions(fond), docs.filePath(QStringLiteral("jeu3-colour-vision.png"))) ? 0 : 1;
