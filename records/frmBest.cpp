@@ -31,7 +31,7 @@ QLabel *tableLabel(QWidget *parent, const QRect &place, const QFont &font)
 
 } // namespace
 
-frmBest::frmBest(QWidget *parent) : PictureDialog(parent, QStringLiteral(":/art/best.jpg"), QStringLiteral("Scores"))
+frmBest::frmBest(QWidget *parent) : PictureDialog(parent, QStringLiteral("best.jpg"), QStringLiteral("Scores"))
 {
 
     for (int i = 0; i < 9; ++i) {
@@ -42,6 +42,7 @@ frmBest::frmBest(QWidget *parent) : PictureDialog(parent, QStringLiteral(":/art/
     Image1 = new HotSpot(this);
     Image1->setGeometry(110, 505, 179, 30);
     Image1->setCursor(customPointer());
+    Image1->setAccessibleName(QStringLiteral("Fermer"));
     connect(Image1, &HotSpot::clicked, this, &frmBest::Image1_Click);
 }
 

@@ -8,7 +8,7 @@
 #include <QCloseEvent>
 
 frmFile::frmFile(QWidget *parent)
-    : PictureDialog(parent, QStringLiteral(":/art/file.jpg"), QStringLiteral("Selecteur fichier"))
+    : PictureDialog(parent, QStringLiteral("file.jpg"), QStringLiteral("Selecteur fichier"))
 {
     setWindowTitle(QStringLiteral("Selecteur fichier"));
     setFixedSize(300, 300);
@@ -35,6 +35,8 @@ frmFile::frmFile(QWidget *parent)
     for (int i = 0; i < 2; ++i) {
         imgScroll[i] = new HotSpot(this);
         imgScroll[i]->setGeometry(255, 59 + 52 * i, 20, 51);
+        imgScroll[i]->setAccessibleName(i == 0 ? QStringLiteral("Défiler vers le haut")
+                                               : QStringLiteral("Défiler vers le bas"));
         connect(imgScroll[i], &HotSpot::clicked, this, [this, i] { imgScroll_Click(i); });
 
         reponse[i] = buttonLabel(i, i == 0 ? QStringLiteral("Charger") : QStringLiteral("Annuler"));

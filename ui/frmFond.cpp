@@ -1,5 +1,6 @@
 #include "frmFond.h"
 
+#include "accessibility.h"
 #include "bitblt.h"
 #include "fonts.h"
 #include "modBase.h"
@@ -30,9 +31,11 @@ const MenuButton kMenuButtons[7] = {
     {9, 461, "Cliquez sur ce bouton pour quitter le programme"},
 };
 
-QLabel *makeLabel(QWidget *parent, QRect geometry, Qt::Alignment alignment, QRgb colour)
+// A label of the window; `meaning` names it for assistive technology.
+QLabel *makeLabel(QWidget *parent, const char *meaning, QRect geometry, Qt::Alignment alignment, QRgb colour)
 {
     auto *label = new QLabel(parent);
+    label->setAccessibleName(QString::fromUtf8(meaning));
     label->setGeometry(geometry);
     label->setFont(boldArial(19));
     label->setAlignment(alignment);
@@ -66,12 +69,14 @@ int keyCodeOf(const QKeyEvent *event) { return event->key() == Qt::Key_Control ?
 
 frmFond *mainWindow() { return theMainWindow; }
 
-frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent) : Surface(parent), mInstance(std::move(instance))
+frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent)
+    : Surface(parent), mInstance(std::move(instance)), mRatio(devicePixelRatioF())
 {
     theMainWindow = this;
+    installAccessibility();
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setWindowTitle(QStringLiteral("Marelle"));
-    loadPicture(QStringLiteral(":/art/fond.jpg"));
+    loadPicture(QStringLiteral("fond.jpg"));
     setFixedSize(600, 600);
     move(screen()->availableGeometry().center() - rect().center());
 
@@ -87,12 +92,14 @@ frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent) : Surface
         imgMenu[i] = new HotSpot(this);
         imgMenu[i]->setGeometry(kMenuButtons[i].left, kMenuButtons[i].top, 43, 43);
         imgMenu[i]->setCursor(pointer);
+        // Assistive technology names a button by its tool tip's words.
         imgMenu[i]->setToolTip(QString::fromUtf8(kMenuButtons[i].toolTip));
+        imgMenu[i]->setAccessibleName(imgMenu[i]->toolTip());
         connect(imgMenu[i], &HotSpot::clicked, this, [this, i] { imgMenu_Click(i); });
     }
 
-    labNiveau = makeLabel(this, QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, 0x404040);
-    labTemps = makeLabel(this, QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, 0xE0E0E0);
+    labNiveau = makeLabel(this, "Niveau", QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, 0x404040);
+    labTemps = makeLabel(this, "Chronomètre", QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, 0xE0E0E0);
     // The clock's count may run past the label's 40 pixels over the panel beside it: the label is
     // as wide as the count of 99 hours.
     labTemps->resize(QFontMetrics(labTemps->font()).horizontalAdvance(QStringLiteral(" 356400")), 24);
@@ -108,13 +115,14 @@ frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent) : Surface
     pctPion2 = makeSheet(this);
     pctPion3 = makeSheet(this);
     pctMenu = makeSheet(this);
-    pctMenu->loadPicture(QStringLiteral(":/art/menu.bmp"));
+    pctMenu->loadPicture(QStringLiteral("menu.bmp"));
 
     Picture1 = new Surface(this);
-    Picture1->loadPicture(QStringLiteral(":/art/catalogue.jpg"));
+    Picture1->loadPicture(QStringLiteral("catalogue.jpg"));
     Picture1->move(0, 510);
     Picture1->setCursor(handPointer());
     Picture1->setToolTip(QStringLiteral("le catalogue Cerisaie Logiciels"));
+    Picture1->setAccessibleName(Picture1->toolTip());
     Picture1->hide();
     connect(Picture1, &Surface::clicked, this, &frmFond::Picture1_Click);
 
@@ -131,7 +139,7 @@ frmFond::~frmFond()
 
 void frmFond::AfficheMenu(int32_t etat)
 {
-    BitBlt(image, 0, 130, 80, 375, pctMenu->image, etat == 0 ? 0 : 80, 0, SRCCOPY);
+    BitBlt(this, 0, 130, 80, 375, pctMenu, etat == 0 ? 0 : 80, 0, SRCCOPY);
     refresh();
 }
 
@@ -144,13 +152,13 @@ void frmFond::prepareScreen(Surface *screen, Surface *sheet, const char *picture
     pctEcran3->hide();
     screen->move(left, top);
     screen->resizeSurface(width, height);
-    BitBlt(screen->image, 0, 0, width, height, image, left, top, SRCCOPY);
+    BitBlt(screen, 0, 0, width, height, this, left, top, SRCCOPY);
     screen->show();
 }
 
-void frmFond::PrepareEcran1() { prepareScreen(pctEcran1, pctPion1, ":/art/pion1.bmp", 128, 26, 432, 548); }
-void frmFond::PrepareEcran2() { prepareScreen(pctEcran2, pctPion2, ":/art/pion2.bmp", 104, 30, 480, 540); }
-void frmFond::PrepareEcran3() { prepareScreen(pctEcran3, pctPion3, ":/art/pion3.bmp", 110, 66, 468, 468); }
+void frmFond::PrepareEcran1() { prepareScreen(pctEcran1, pctPion1, "pion1.bmp", 128, 26, 432, 548); }
+void frmFond::PrepareEcran2() { prepareScreen(pctEcran2, pctPion2, "pion2.bmp", 104, 30, 480, 540); }
+void frmFond::PrepareEcran3() { prepareScreen(pctEcran3, pctPion3, "pion3.bmp", 110, 66, 468, 468); }
 
 void frmFond::showLevelNumber()
 {
@@ -184,6 +192,29 @@ void frmFond::imgMove_MouseMove(Qt::MouseButtons, Qt::KeyboardModifiers, double 
 }
 
 void frmFond::imgMove_MouseUp(Qt::MouseButton, Qt::KeyboardModifiers, double, double) { mGlisse = false; }
+
+void frmFond::paintEvent(QPaintEvent *event)
+{
+    if (devicePixelRatioF() != mRatio) showAtRatio(devicePixelRatioF());
+    Surface::paintEvent(event);
+}
+
+// The sheets, the menu art and the catalogue picture are pictures alone; the window's image is its
+// picture with the menu art copied in, and the screens are copies of the window and the sheets. So
+// each is drawn after the surfaces it copies from, and the screens show what they showed, crisp.
+void frmFond::showAtRatio(qreal ratio)
+{
+    mRatio = ratio;
+    if (const int s = artScaleFor(ratio); s != scale()) {
+        for (Surface *picture : {pctPion1, pctPion2, pctPion3, pctMenu, Picture1}) picture->redrawAt(s);
+        redrawAt(s);
+        for (Surface *screen : {pctEcran1, pctEcran2, pctEcran3}) screen->redrawAt(s);
+    }
+    const QCursor pointer = customPointer();
+    for (Surface *screen : {pctEcran1, pctEcran2, pctEcran3}) screen->setCursor(pointer);
+    for (HotSpot *button : imgMenu) button->setCursor(pointer);
+    Picture1->setCursor(handPointer());
+}
 
 void frmFond::Picture1_Click() { tambour.invoke(24, gCheminApp + QStringLiteral("catalogue.chm")); }
 

@@ -128,12 +128,17 @@ public:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    // Shown on a screen of another device pixel ratio, the window first draws itself anew there.
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     // Also reads the game's sheet, the first time.
     void prepareScreen(Surface *screen, Surface *sheet, const char *picture, int left, int top, int width, int height);
+    // Every surface drawn again from the art that fits another device pixel ratio, and the pointers.
+    void showAtRatio(qreal ratio);
 
     std::unique_ptr<QLockFile> mInstance;
+    qreal mRatio; // the device pixel ratio the window was last drawn for
 };
 
 // The one main window, for the routines that several windows share.

@@ -4,16 +4,18 @@
 #include "frmFond.h"
 #include "pointers.h"
 #include "sound.h"
+#include "surface.h"
 
 #include <QCloseEvent>
 
-frmMess::frmMess(QWidget *parent) : PictureDialog(parent, QStringLiteral(":/art/mess.jpg"), QStringLiteral("Message"))
+frmMess::frmMess(QWidget *parent) : PictureDialog(parent, QStringLiteral("mess.jpg"), QStringLiteral("Message"))
 {
 
     imgB[0] = nullptr;
     for (int i = 1; i <= 2; ++i) {
         imgB[i] = new QLabel(this);
-        imgB[i]->setPixmap(QPixmap::fromImage(readPicture(QStringLiteral(":/art/bouton.bmp"))));
+        imgB[i]->setPixmap(
+            QPixmap::fromImage(artPicture(QStringLiteral("bouton.bmp"), artScaleFor(mainWindowRatio()))));
         imgB[i]->setGeometry(100, 186 + 34 * i, 180, 30);
     }
 

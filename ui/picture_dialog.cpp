@@ -3,15 +3,23 @@
 #include "fonts.h"
 #include "frmFond.h"
 #include "pointers.h"
+#include "surface.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
 PictureDialog::PictureDialog(QWidget *parent, const QString &picture, const QString &caption)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mFond(readPicture(picture))
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mPicture(picture),
+      mFond(artPicture(picture, artScaleFor(mainWindowRatio())))
 {
     setWindowTitle(caption);
-    setFixedSize(mFond.size());
+    setFixedSize(mFond.deviceIndependentSize().toSize());
+}
+
+qreal PictureDialog::mainWindowRatio()
+{
+    return mainWindow() ? mainWindow()->devicePixelRatioF() : qApp->devicePixelRatio();
 }
 
 void PictureDialog::setVisible(bool visible)
@@ -23,8 +31,11 @@ void PictureDialog::setVisible(bool visible)
 
 void PictureDialog::paintEvent(QPaintEvent *)
 {
+    if (const int scale = artScaleFor(devicePixelRatioF()); scale != mFond.devicePixelRatio())
+        mFond = artPicture(mPicture, scale);
     QPainter painter(this);
-    painter.drawImage(0, 0, mFond);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(rect(), mFond);
 }
 
 void PictureDialog::keyPressEvent(QKeyEvent *event)

@@ -11,11 +11,14 @@ class PictureDialog : public QDialog {
     Q_OBJECT
 
 public:
+    // `picture` names a picture of the art ("mess.jpg"), drawn for the main window's screen.
     PictureDialog(QWidget *parent, const QString &picture, const QString &caption);
 
     void setVisible(bool visible) override;
 
 protected:
+    // The device pixel ratio of the main window's screen, where the dialogs show.
+    static qreal mainWindowRatio();
     // A button of the dialog: a label over the button plate at place 0, 1 or 2 from the top.
     ClickLabel *buttonLabel(int place, const QString &caption = QString());
 
@@ -23,5 +26,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    QString mPicture;
     QImage mFond;
 };

@@ -1,9 +1,13 @@
 #include "surface.h"
 
+#include "bitblt.h"
+
 #include <QFileInfo>
 #include <QImageReader>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
+#include <cmath>
 
 QImage readPicture(const QString &path)
 {
@@ -12,27 +16,80 @@ QImage readPicture(const QString &path)
     return reader.read();
 }
 
-Surface::Surface(QWidget *parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
+int artScaleFor(qreal devicePixelRatio)
+{
+    // A ratio a hair above a whole number is that number, not the next one.
+    return std::clamp(static_cast<int>(std::ceil(devicePixelRatio - 0.01)), 1, 3);
+}
+
+QString artPath(const QString &name, int scale)
+{
+    if (scale == 1) return QStringLiteral(":/art/") + name;
+    return QStringLiteral(":/art/%1@%2x.%3").arg(name.section(u'.', 0, 0)).arg(scale).arg(name.section(u'.', 1));
+}
+
+QImage artPicture(const QString &name, int scale)
+{
+    QImage picture = readPicture(artPath(name, scale)).convertToFormat(QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    return picture;
+}
+
+Surface::Surface(QWidget *parent) : QWidget(parent), mScale(artScaleFor(devicePixelRatioF()))
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
 
 void Surface::resizeSurface(int w, int h)
 {
-    image = QImage(w, h, QImage::Format_RGB32);
+    mPicture.clear();
+    mCopies.clear();
+    image = QImage(QSize(w, h) * mScale, QImage::Format_RGB32);
+    image.setDevicePixelRatio(mScale);
     image.fill(Qt::black);
     resize(w, h);
 }
 
-void Surface::loadPicture(const QString &path)
+void Surface::loadPicture(const QString &name)
 {
-    image = readPicture(path).convertToFormat(QImage::Format_RGB32);
-    resize(image.size());
+    mPicture = name;
+    mCopies.clear();
+    image = artPicture(name, mScale);
+    resize(image.deviceIndependentSize().toSize());
 }
 
 void Surface::refresh() { repaint(); }
 
+void Surface::redrawAt(int scale)
+{
+    const QSize logical = image.deviceIndependentSize().toSize();
+    mScale = scale;
+    if (mPicture.isEmpty()) {
+        image = QImage(logical * scale, QImage::Format_RGB32);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::black);
+    } else {
+        image = artPicture(mPicture, scale);
+    }
+    for (const Copy &copy : mCopies)
+        BitBlt(image, copy.to.x(), copy.to.y(), copy.to.width(), copy.to.height(), copy.from->image, copy.fromAt.x(),
+               copy.fromAt.y(), copy.rop);
+}
+
+void Surface::keepCopy(const Copy &copy)
+{
+    if (copy.rop == SRCCOPY) std::erase_if(mCopies, [&](const Copy &earlier) { return copy.to.contains(earlier.to); });
+    mCopies.push_back(copy);
+}
+
 void Surface::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    painter.drawImage(event->rect(), image, event->rect());
+    // At the image's own scale each pixel is copied as it is; on a screen whose ratio lies between
+    // two scales of the art, the image is brought to it smoothly.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const QRect area = event->rect();
+    painter.drawImage(area, image, QRect(area.topLeft() * mScale, area.size() * mScale));
 }
 
 void Surface::mousePressEvent(QMouseEvent *event)

@@ -21,15 +21,14 @@ void frmFond::DessinePion3(int32_t x, int32_t y, bool selected)
     const int32_t value = pairs.tabPions3[x][y];
     const int32_t c = PairBoard::couleur(value);
     const int32_t n = PairBoard::points(value);
-    BitBlt(pctEcran3->image, kCell * x, kCell * y, kCell, kCell, pctPion3->image, kMaskX, selected ? kCell : 0,
-           SRCPAINT);
-    BitBlt(pctEcran3->image, kCell * x, kCell * y, kCell, kCell, pctPion3->image,
-           kCell * (n - 1) + (selected ? kSelectedX : 0), kCell * c, SRCAND);
+    BitBlt(pctEcran3, kCell * x, kCell * y, kCell, kCell, pctPion3, kMaskX, selected ? kCell : 0, SRCPAINT);
+    BitBlt(pctEcran3, kCell * x, kCell * y, kCell, kCell, pctPion3, kCell * (n - 1) + (selected ? kSelectedX : 0),
+           kCell * c, SRCAND);
 }
 
 void frmFond::DessineTout3(int32_t selectedCell)
 {
-    BitBlt(pctEcran3->image, 0, 0, 468, 468, image, 110, 66, SRCCOPY);
+    BitBlt(pctEcran3, 0, 0, 468, 468, this, 110, 66, SRCCOPY);
     for (int32_t y = 0; y < 9; ++y)
         for (int32_t x = 0; x < 9; ++x)
             if (pairs.tabPions3[x][y] > 0) DessinePion3(x, y, y * 9 + x == selectedCell);

@@ -17,13 +17,13 @@ constexpr int kCell = 60;
 // A stone in two copies: its mask makes a white disc, then the stone fills it.
 void frmFond::drawStone(int32_t x, int32_t y)
 {
-    BitBlt(pctEcran2->image, kCell * x, kCell * y, kCell, kCell, pctPion2->image, kCell, 0, SRCPAINT);
-    BitBlt(pctEcran2->image, kCell * x, kCell * y, kCell, kCell, pctPion2->image, 0, 0, SRCAND);
+    BitBlt(pctEcran2, kCell * x, kCell * y, kCell, kCell, pctPion2, kCell, 0, SRCPAINT);
+    BitBlt(pctEcran2, kCell * x, kCell * y, kCell, kCell, pctPion2, 0, 0, SRCAND);
 }
 
 void frmFond::DessinePions2()
 {
-    BitBlt(pctEcran2->image, 0, 0, 480, 540, image, 104, 30, SRCCOPY);
+    BitBlt(pctEcran2, 0, 0, 480, 540, this, 104, 30, SRCCOPY);
     for (int32_t y = 0; y < 9; ++y)
         for (int32_t x = 0; x < 8; ++x)
             if (stones.tabPions2[x][y] == StoneBoard::kVrai) drawStone(x, y);

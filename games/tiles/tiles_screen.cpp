@@ -18,7 +18,7 @@ constexpr int kWonX = 270;
 // Copies one 54 x 54 cell of the sheet onto the screen.
 void copyCell(Surface *screen, int x, int y, const Surface *sheet, int sheetX)
 {
-    BitBlt(screen->image, x, y, kCell, kCell, sheet->image, sheetX, 0, SRCCOPY);
+    BitBlt(screen, x, y, kCell, kCell, sheet, sheetX, 0, SRCCOPY);
 }
 
 } // namespace
@@ -31,10 +31,8 @@ void frmFond::ChargeNiveau1()
         for (int32_t x = 0; x < 8; ++x) {
             const int32_t cible = tiles.tabCible1[x][y];
             if (cible <= 0) continue;
-            BitBlt(pctEcran1->image, kCell * x, kCell * y, kCell, kCell, pctPion1->image, (cible - 1) * kCell, 0,
-                   SRCCOPY);
-            BitBlt(pctEcran1->image, kCell * x, kLowerTop + kCell * y, kCell, kCell, pctPion1->image, kSocketX, 0,
-                   SRCCOPY);
+            BitBlt(pctEcran1, kCell * x, kCell * y, kCell, kCell, pctPion1, (cible - 1) * kCell, 0, SRCCOPY);
+            BitBlt(pctEcran1, kCell * x, kLowerTop + kCell * y, kCell, kCell, pctPion1, kSocketX, 0, SRCCOPY);
         }
     }
     JoueSon(QStringLiteral("marel002.wav"));

@@ -6,9 +6,11 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
+#include <QSize>
 #include <QStringDecoder>
 #include <QTest>
 #include <QUrl>
+#include <QtEndian>
 
 #include <algorithm>
 
@@ -46,10 +48,21 @@ QStringList captures(const QString &pattern, const QString &text)
     return values;
 }
 
-// Values of every href and src attribute, in any quoting.
+// Values of every href and src attribute, in any quoting, and the files of every srcset.
 QStringList references(const QString &html)
 {
-    return captures(QStringLiteral("\\b(?:href|src)\\s*=\\s*(?:\"([^\"]*)\"|'([^']*)'|([^\\s>]+))"), html);
+    QStringList refs = captures(QStringLiteral("\\b(?:href|src)\\s*=\\s*(?:\"([^\"]*)\"|'([^']*)'|([^\\s>]+))"), html);
+    for (const QString &set : captures(QStringLiteral("\\bsrcset\\s*=\\s*\"([^\"]*)\""), html))
+        for (const QString &candidate : set.split(u',')) refs << candidate.trimmed().section(u' ', 0, 0);
+    return refs;
+}
+
+// Width and height of a PNG file, from its header.
+QSize pngSize(const QByteArray &png)
+{
+    if (png.size() < 24 || !png.startsWith("\x89PNG")) return {};
+    const auto number = [&](int at) { return qFromBigEndian<quint32>(png.constData() + at); };
+    return QSize(int(number(16)), int(number(20)));
 }
 
 bool isRemote(const QString &reference)
@@ -208,7 +221,7 @@ private slots:
         QVERIFY2(allHelpText().contains(words, exact ? Qt::CaseSensitive : Qt::CaseInsensitive), qPrintable(words));
     }
 
-    void eachGameHasItsOwnPageOnTheStartPage()
+    void eachGameHasItsOwnPageOnTheStartPageAndShowsAFirstMove()
     {
         static const QRegularExpression title(QStringLiteral("<title>([^<]*)</title>"),
                                               QRegularExpression::CaseInsensitiveOption);
@@ -219,9 +232,36 @@ private slots:
                 if (title.match(readUtf8(kHelp + u'/' + page)).captured(1).startsWith(QLatin1String(game))) {
                     found = true;
                     QVERIFY2(linked.contains(page), qPrintable(page + QStringLiteral(" is not on the start page")));
+                    // The game is shown: its first level as it comes up and after a first move.
+                    QVERIFY2(readUtf8(kHelp + u'/' + page).count(QStringLiteral("<img ")) >= 2,
+                             qPrintable(page + QStringLiteral(" shows no first move")));
                 }
             QVERIFY2(found, game);
         }
+    }
+
+    // Every picture of the help is shown, with words for those who do not see it, at 1x and at 2x for
+    // screens of twice the pixels: the 2x file at twice the size given.
+    void picturesAreShownWithWordsAndAt2x()
+    {
+        QStringList shown;
+        for (const QString &page : filesIn(kHelp, QStringLiteral("*.htm")))
+            for (const QString &tag : captures(QStringLiteral("(<img\\b[^>]*>)"), readUtf8(kHelp + u'/' + page))) {
+                const auto attribute = [&](const char *name) {
+                    return captures(QStringLiteral("\\b%1\\s*=\\s*\"([^\"]*)\"").arg(QLatin1String(name)), tag)
+                        .value(0);
+                };
+                const QString src = attribute("src"), twice = src.section(u'.', 0, 0) + QStringLiteral("@2x.png");
+                QVERIFY2(!attribute("alt").trimmed().isEmpty(),
+                         qPrintable(page + QStringLiteral(": no words for ") + src));
+                QCOMPARE(attribute("srcset"), src + QStringLiteral(" 1x, ") + twice + QStringLiteral(" 2x"));
+                const QSize size(attribute("width").toInt(), attribute("height").toInt());
+                QCOMPARE(pngSize(readBytes(kHelp + u'/' + src)), size);
+                QCOMPARE(pngSize(readBytes(kHelp + u'/' + twice)), size * 2);
+                shown << src << twice;
+            }
+        for (const QString &picture : filesIn(kHelpSources, QStringLiteral("*.png")))
+            QVERIFY2(shown.contains(picture), qPrintable(picture + QStringLiteral(" is shown on no page")));
     }
 
     void catalogueIsACompiledHelpFileWithItsPages()

@@ -33,10 +33,18 @@ field() { dpkg-deb -f "$deb" "$1"; }
 [ -n "$(field Maintainer)" ] || fault "no Maintainer"
 [ -n "$(field Homepage)" ] || fault "no Homepage"
 [ -n "$(field Description)" ] || fault "no Description"
-depends=$(field Depends)
-for package in libqt6widgets6 libqt6multimedia6 libqt6gui6 libqt6core6 fonts-liberation; do
-  grep -Eq "(^|, )$package( |,|$)" <<<"$depends" || fault "Depends lacks $package: $depends"
-done
+# names FIELD PACKAGE...: the field names each package.
+names() {
+  local name=$1 value
+  value=$(field "$name")
+  shift
+  for package in "$@"; do
+    grep -Eq "(^|, )$package( |,|$)" <<<"$value" || fault "$name lacks $package: $value"
+  done
+}
+names Depends libqt6widgets6 libqt6multimedia6 libqt6gui6 libqt6core6 fonts-liberation
+# The help's viewer, and the viewer of the catalogue, a compiled help file.
+names Recommends xdg-utils xchm
 # Qt comes from the system, not from the package.
 if dpkg-deb -c "$deb" | grep -q 'libQt6'; then
   fault "the package carries Qt libraries of its own"

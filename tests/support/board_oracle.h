@@ -8,7 +8,7 @@
 // The window's own background where a screen stands, the ground every board is drawn on.
 inline QImage backgroundUnder(const frmFond &fond, QRect place)
 {
-    return fond.image.copy(place).convertToFormat(QImage::Format_RGB32);
+    return fond.image.copy(devicePixels(fond.image, place)).convertToFormat(QImage::Format_RGB32);
 }
 
 // What the window itself shows over a rectangle, as it paints it.

@@ -14,7 +14,7 @@ inline QImage withText(QImage ground, const QFont &font, QColor colour, Qt::Alig
     QPainter painter(&ground);
     painter.setFont(font);
     painter.setPen(colour);
-    painter.drawText(ground.rect(), alignment, text);
+    painter.drawText(QRectF(QPointF(0, 0), ground.deviceIndependentSize()), alignment, text);
     return ground;
 }
 

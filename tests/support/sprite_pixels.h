@@ -1,26 +1,43 @@
 // Pictures built pixel by pixel from a sprite sheet, and the first pixel where two pictures differ.
-// Plain QImage work, for the screen tests and for the end-to-end screenshot checker alike.
+// Plain QImage work, for the screen tests and for the end-to-end screenshot checker alike. Places and
+// sizes are logical pixels; an image drawn for a device pixel ratio of 2 holds 2 x 2 pixels for each.
 #pragma once
 
 #include <QImage>
 #include <QString>
 
+inline int scaleOf(const QImage &image) { return static_cast<int>(image.devicePixelRatio()); }
+
+// A logical rectangle of an image, in the image's own pixels.
+inline QRect devicePixels(const QImage &image, QRect logical)
+{
+    return {logical.topLeft() * scaleOf(image), logical.size() * scaleOf(image)};
+}
+
+// The first of the image's own pixels at a logical point.
+inline QRgb pixelAt(const QImage &image, QPoint logical) { return image.pixel(logical * scaleOf(image)); }
+
 // A sprite copied as it is from a rectangle of the sheet.
 inline void putSprite(QImage &out, QPoint at, const QImage &sheet, QRect from)
 {
-    for (int v = 0; v < from.height(); ++v)
-        for (int u = 0; u < from.width(); ++u)
-            out.setPixel(at.x() + u, at.y() + v, sheet.pixel(from.x() + u, from.y() + v));
+    const QRect source = devicePixels(sheet, from);
+    const QPoint to = at * scaleOf(sheet);
+    for (int v = 0; v < source.height(); ++v)
+        for (int u = 0; u < source.width(); ++u)
+            out.setPixel(to.x() + u, to.y() + v, sheet.pixel(source.x() + u, source.y() + v));
 }
 
 // A sprite drawn through its mask: the background ORed with the mask, then ANDed with the picture.
 inline void putMaskedSprite(QImage &out, QPoint at, const QImage &sheet, QRect picture, QPoint mask)
 {
-    for (int v = 0; v < picture.height(); ++v)
-        for (int u = 0; u < picture.width(); ++u)
-            out.setPixel(at.x() + u, at.y() + v,
-                         (out.pixel(at.x() + u, at.y() + v) | sheet.pixel(mask.x() + u, mask.y() + v))
-                             & sheet.pixel(picture.x() + u, picture.y() + v));
+    const QRect source = devicePixels(sheet, picture);
+    const QPoint to = at * scaleOf(sheet);
+    const QPoint cut = mask * scaleOf(sheet);
+    for (int v = 0; v < source.height(); ++v)
+        for (int u = 0; u < source.width(); ++u)
+            out.setPixel(to.x() + u, to.y() + v,
+                         (out.pixel(to.x() + u, to.y() + v) | sheet.pixel(cut.x() + u, cut.y() + v))
+                             & sheet.pixel(source.x() + u, source.y() + v));
 }
 
 // Empty when both pictures are the same, else their sizes or the first pixel where they differ.

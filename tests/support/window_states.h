@@ -4,6 +4,7 @@
 
 #include "frmFond.h"
 #include "modBase.h"
+#include "sprite_pixels.h"
 
 #include <QApplication>
 #include <QTest>
@@ -11,7 +12,8 @@
 // The menu column shows the art of the idle window, or of a game in play.
 inline bool menuShowsIdleArt(const frmFond &fond, bool idle)
 {
-    return fond.image.copy(0, 130, 80, 375) == fond.pctMenu->image.copy(idle ? 0 : 80, 0, 80, 375);
+    return fond.image.copy(devicePixels(fond.image, {0, 130, 80, 375}))
+           == fond.pctMenu->image.copy(devicePixels(fond.pctMenu->image, {idle ? 0 : 80, 0, 80, 375}));
 }
 
 inline void verifyScreensShown(const frmFond &fond, int game)

@@ -3,6 +3,7 @@
 #include "frmFond.h"
 #include "label_text.h"
 #include "modBase.h"
+#include "sprite_pixels.h"
 #include "system_input.h"
 
 #include <QApplication>
@@ -13,12 +14,10 @@
 
 namespace {
 
+// The same pixels in a logical rectangle of one image and at a logical point of another.
 bool sameRegion(const QImage &a, const QRect &inA, const QImage &b, const QPoint &inB)
 {
-    for (int y = 0; y < inA.height(); ++y)
-        for (int x = 0; x < inA.width(); ++x)
-            if (a.pixel(inA.x() + x, inA.y() + y) != b.pixel(inB.x() + x, inB.y() + y)) return false;
-    return true;
+    return a.copy(devicePixels(a, inA)) == b.copy(devicePixels(b, QRect(inB, inA.size())));
 }
 
 } // namespace
@@ -83,7 +82,7 @@ private slots:
             Surface *screen = fond.get()->*c.screen;
             QVERIFY(screen->isVisible());
             QCOMPARE(screen->geometry(), c.place);
-            QCOMPARE(screen->image.size(), c.place.size());
+            QCOMPARE(screen->image.deviceIndependentSize(), QSizeF(c.place.size()));
             QVERIFY(sameRegion(screen->image, QRect(QPoint(0, 0), c.place.size()), fond->image, c.place.topLeft()));
             // Exactly one screen is visible: preparing one hides the other two.
             int visible = fond->pctEcran1->isVisible() + fond->pctEcran2->isVisible() + fond->pctEcran3->isVisible();
@@ -98,6 +97,9 @@ private slots:
     // input, and none while it takes none, as in the pause after a won level.
     void toolTipsComeOnlyWhileTheWindowTakesInput()
     {
+        // Offscreen at a scale factor Qt's pointer moves bring no tool tip at all; tool tips do not
+        // depend on the ratio, so the 1x runs tell.
+        if (fond->devicePixelRatioF() != 1 && !underX()) QSKIP("no tool tips from offscreen pointer moves when scaled");
         const QList<QWidget *> withTips = {fond->imgMenu[0], fond->imgMenu[4], fond->imgMenu[6], fond->Picture1};
         fond->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(fond.get()));
@@ -203,9 +205,11 @@ private slots:
         fond->labTemps->show();
         for (void (frmFond::*prepare)() : {&frmFond::PrepareEcran1, &frmFond::PrepareEcran2, &frmFond::PrepareEcran3}) {
             (fond.get()->*prepare)();
+            fond->labTemps->setText(QString());
+            const QImage behind = fond->grab(wide).toImage();
             for (const char *count : {" 1", " 999", " 1000", " 356400"}) {
                 fond->labTemps->setText(QLatin1String(count));
-                const QImage wanted = withText(fond->image.copy(wide), fond->labTemps->font(), QColor(0xE0, 0xE0, 0xE0),
+                const QImage wanted = withText(behind, fond->labTemps->font(), QColor(0xE0, 0xE0, 0xE0),
                                                Qt::AlignLeft | Qt::AlignTop, QLatin1String(count));
                 QCOMPARE(firstWrongPixel(fond->grab(wide).toImage().convertToFormat(QImage::Format_RGB32), wanted),
                          QString());

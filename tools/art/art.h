@@ -15,6 +15,19 @@
 
 namespace art {
 
+// ---- shading.cpp: the scale ----
+
+// Every picture is drawn in logical pixels at a scale of 1, 2 or 3 device pixels to each. Every image
+// made here carries the scale as its device pixel ratio, so QPainter and the routines below take
+// logical coordinates, sizes and lengths, while their pixel loops run over device pixels.
+void setScale(int32_t scale);
+int32_t scale();
+// A transparent image of a logical size at the scale.
+QImage canvas(QSize size, QImage::Format format = QImage::Format_ARGB32_Premultiplied);
+QSize logicalSize(const QImage &image);
+// A logical rectangle in the device pixels of the scale.
+QRect devicePixels(QRect logical);
+
 // ---- texture.cpp: seeded noise and the two materials of the program ----
 
 // Smooth value noise on a wrapped 256 x 256 lattice, filled from a fixed seed.
@@ -54,9 +67,9 @@ struct Relief {
 
 // The material lit by the relief of the shape, with the shape's coverage as alpha
 // (premultiplied). The material and the result are the same size; `shape` is in
-// the result's pixel coordinates, sampled 4 x 4 times per pixel.
+// logical coordinates, sampled 4 x 4 times per device pixel.
 QImage lit(const QImage &material, const Shape &shape, const Relief &relief);
-// A soft shadow of an image's alpha, blurred and moved by `offset`.
+// A soft shadow of an image's alpha, blurred and moved by `offset` (logical pixels).
 QImage shadowOf(const QImage &picture, int32_t blur, QPoint offset, double opacity);
 // A soft glow of the given colour around an image's alpha.
 QImage glowOf(const QImage &picture, int32_t blur, QColor colour, double opacity);
@@ -91,6 +104,11 @@ QImage catalogueEmblem();                         // draw_emblem.cpp, 90 x 90
 void drawCherries(QImage &target, QRectF box);
 QImage tileSheet();                               // draw_tiles.cpp, pctPion1, 324 x 54
 QImage pairSheet();                               // draw_pairs.cpp, pctPion3, 468 x 208
+struct FaceColours {
+    QColor top;
+    QColor bottom;
+};
+FaceColours pairColours(int32_t row);             // the face of the tiles of a row of that sheet
 QImage stoneSheet();                              // draw_stone.cpp, pctPion2, 120 x 60
 QImage messageDialog();                           // draw_dialogs.cpp, 300 x 300
 QImage messageButton();                           // 180 x 30
@@ -102,9 +120,9 @@ constexpr QPoint kPointerHotSpot{2, 1};
 constexpr QPoint kHandHotSpot{12, 1};
 
 // Pip positions shared by the tiles of games 1 and 3, in units of the tile's side
-// from its centre.
-std::vector<QPointF> dicePips(int32_t count);
-std::vector<QPointF> pairPips(int32_t count);
+// from its centre: 1 in the centre; 2 top right and bottom left; 3 top left, top
+// right and bottom left; 4 in the corners.
+std::vector<QPointF> pipLayout(int32_t count);
 void drawPips(QImage &target, QRectF tile, const std::vector<QPointF> &pips, double radius,
               QColor colour);
 

@@ -8,6 +8,8 @@
 #include <QFont>
 #include <QPainter>
 
+#include <map>
+
 namespace art {
 
 namespace {
@@ -45,7 +47,7 @@ void drawPlayArea(QImage &picture)
                           Relief{.bevel = 2, .depth = -1.0}));
     drawOver(picture, lit(slate(kSize, 14), roundedBox(kPlay, 3), Relief{.bevel = 4, .depth = -0.9}));
     // The top and left walls of the hollow throw a soft shadow onto the slate.
-    QImage walls(kSize, QImage::Format_ARGB32_Premultiplied);
+    QImage walls = canvas(kSize);
     walls.fill(Qt::white);
     {
         QPainter painter(&walls);
@@ -150,11 +152,15 @@ void drawTitle(QImage &picture)
 
 QImage plainBackground()
 {
-    QImage picture;
-    drawFrame(picture);
-    drawPlayArea(picture);
-    drawInstruments(picture);
-    drawTitle(picture);
+    // The menu, the emblem and the window all start from it: drawn once at each scale.
+    static std::map<int32_t, QImage> drawn;
+    QImage &picture = drawn[scale()];
+    if (picture.isNull()) {
+        drawFrame(picture);
+        drawPlayArea(picture);
+        drawInstruments(picture);
+        drawTitle(picture);
+    }
     return picture;
 }
 
@@ -163,13 +169,13 @@ QImage windowBackground()
     // The idle column of the menu sheet, exactly as the window shows it.
     QImage picture = plainBackground();
     QPainter painter(&picture);
-    painter.drawImage(QPoint(0, 130), menuSheet(), QRect(0, 0, 80, 375));
+    painter.drawImage(QPoint(0, 130), menuSheet(), devicePixels(QRect(0, 0, 80, 375)));
     return picture;
 }
 
 void drawPlate(QImage &target, QRectF box)
 {
-    const QSize size = target.size();
+    const QSize size = logicalSize(target);
     const QImage rim = lit(verticalGradient(size, kBrassTop, kBrassBottom, box), roundedBox(box, 6),
                            Relief{.bevel = 2.5, .depth = 1.0, .gloss = 0.3});
     drawOver(target, shadowOf(rim, 2, {2, 2}, 0.45));

@@ -22,10 +22,11 @@ QImage parchment(QSize size, uint32_t seed)
 {
     const Noise noise(seed);
     QImage image = verticalGradient(size, kParchmentTop, kParchmentBottom);
-    for (int32_t y = 0; y < size.height(); ++y) {
+    const double s = scale();
+    for (int32_t y = 0; y < image.height(); ++y) {
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int32_t x = 0; x < size.width(); ++x) {
-            const double l = 1.0 + 0.05 * (noise.fractal(x * 0.02, y * 0.02, 4) - 0.5);
+        for (int32_t x = 0; x < image.width(); ++x) {
+            const double l = 1.0 + 0.05 * (noise.fractal(x / s * 0.02, y / s * 0.02, 4) - 0.5);
             line[x] = qRgb(std::min(255, static_cast<int32_t>(qRed(line[x]) * l)),
                            std::min(255, static_cast<int32_t>(qGreen(line[x]) * l)),
                            std::min(255, static_cast<int32_t>(qBlue(line[x]) * l)));
@@ -43,8 +44,8 @@ QImage woodFrame(QSize size, uint32_t seed)
 // A sheet of paper let into the wood.
 void drawPanel(QImage &target, QRectF box, uint32_t seed)
 {
-    drawOver(target, lit(parchment(target.size(), seed), roundedBox(box, 4), Relief{.bevel = 3, .depth = -0.9}));
-    QImage walls(target.size(), QImage::Format_ARGB32_Premultiplied);
+    drawOver(target, lit(parchment(logicalSize(target), seed), roundedBox(box, 4), Relief{.bevel = 3, .depth = -0.9}));
+    QImage walls = canvas(logicalSize(target));
     walls.fill(Qt::white);
     {
         QPainter painter(&walls);
@@ -70,30 +71,33 @@ QImage messageBase()
 {
     QImage picture = smallDialogBase(21);
     // A thin rule under the top edge of the paper.
-    drawOver(picture, lit(flatColour(picture.size(), QColor(176, 140, 90)), roundedBox(QRectF(40, 36, 220, 1.4), 0.7),
-                          Relief{.bevel = 0}));
+    drawOver(picture, lit(flatColour(logicalSize(picture), QColor(176, 140, 90)),
+                          roundedBox(QRectF(40, 36, 220, 1.4), 0.7), Relief{.bevel = 0}));
     return picture;
 }
 
 void drawMedal(QImage &target, QPointF centre, QColor top, QColor bottom)
 {
-    const QImage medal = lit(verticalGradient(target.size(), top, bottom, QRectF(centre - QPointF(10, 10), QSizeF(20, 20))), disc(centre, 10),
-                             Relief{.bevel = 3, .depth = 1.2, .gloss = 0.6, .shininess = 20});
+    const QImage medal =
+        lit(verticalGradient(logicalSize(target), top, bottom, QRectF(centre - QPointF(10, 10), QSizeF(20, 20))),
+            disc(centre, 10), Relief{.bevel = 3, .depth = 1.2, .gloss = 0.6, .shininess = 20});
     drawOver(target, shadowOf(medal, 1, {1, 1}, 0.5));
     drawOver(target, medal);
-    drawOver(target, lit(verticalGradient(target.size(), bottom, top, QRectF(centre - QPointF(6, 6), QSizeF(12, 12))), disc(centre, 6), Relief{.bevel = 1.5, .depth = -1.0}));
+    drawOver(target,
+             lit(verticalGradient(logicalSize(target), bottom, top, QRectF(centre - QPointF(6, 6), QSizeF(12, 12))),
+                 disc(centre, 6), Relief{.bevel = 1.5, .depth = -1.0}));
 }
 
 // A small picture of each game's piece, so each panel tells its game.
 void drawGameMark(QImage &target, int32_t game, QPointF centre)
 {
-    const QSize size = target.size();
+    const QSize size = logicalSize(target);
     if (game == 0) {
         const QRectF tile(centre.x() - 15, centre.y() - 15, 30, 30);
         drawOver(target, shadowOf(lit(flatColour(size, Qt::black), roundedBox(tile, 3), Relief{.bevel = 0}), 1, {1, 1}, 0.5));
         drawOver(target, lit(verticalGradient(size, QColor(78, 138, 226), QColor(34, 82, 172), tile), roundedBox(tile, 3),
                              Relief{.bevel = 3, .depth = 1.1}));
-        drawPips(target, tile, dicePips(3), 3.0, QColor(248, 244, 230));
+        drawPips(target, tile, pipLayout(3), 3.0, QColor(248, 244, 230));
     } else if (game == 1) {
         const QImage stone = lit(flatColour(size, QColor(214, 176, 124)), disc(centre, 15),
                                  Relief{.bevel = 6, .depth = 1.0, .gloss = 0.3, .dome = true});
@@ -103,16 +107,32 @@ void drawGameMark(QImage &target, int32_t game, QPointF centre)
         drawOver(target, lit(verticalGradient(size, QColor(96, 196, 110), QColor(24, 110, 54), QRectF(centre - QPointF(6, 6), QSizeF(12, 12))), disc(centre, 6.0),
                              Relief{.bevel = 6.0, .depth = 0.8, .gloss = 0.8, .dome = true}));
     } else {
-        const QColor colours[2][2] = {{QColor(232, 86, 72), QColor(168, 34, 30)}, {QColor(92, 190, 96), QColor(32, 122, 52)}};
+        // A red tile and a green one, as on the sheet of game 3.
         for (int32_t k = 0; k < 2; ++k) {
             const QRectF tile(centre.x() - 20 + 19 * k, centre.y() - 15 + 10 * k, 20, 20);
-            const QImage piece = lit(verticalGradient(size, colours[k][0], colours[k][1], tile), roundedBox(tile, 3),
+            const FaceColours face = pairColours(1 + k);
+            const QImage piece = lit(verticalGradient(size, face.top, face.bottom, tile), roundedBox(tile, 3),
                                      Relief{.bevel = 2.5, .depth = 1.1});
             drawOver(target, shadowOf(piece, 1, {1, 1}, 0.5));
             drawOver(target, piece);
-            drawPips(target, tile, pairPips(2), 2.2, QColor(248, 244, 230));
+            drawPips(target, tile, pipLayout(2), 2.2, QColor(248, 244, 230));
         }
     }
+}
+
+// "Jeu 1", "Jeu 2" or "Jeu 3" cut into a panel, centred on `centre`.
+void drawGameTitle(QImage &target, int32_t game, QPointF centre)
+{
+    QFont font("Liberation Serif");
+    font.setBold(true);
+    font.setItalic(true);
+    font.setPixelSize(18);
+    QPainterPath title;
+    title.addText(0, 0, font, QStringLiteral("Jeu %1").arg(game + 1));
+    title.translate(centre - title.boundingRect().center());
+    const QImage shape = pathImage(logicalSize(target), title);
+    drawOver(target, tinted(shape, QColor(255, 252, 240, 220)), {0, 1});
+    drawOver(target, tinted(shape, QColor(92, 46, 20)));
 }
 
 } // namespace
@@ -128,7 +148,7 @@ QImage messageButton()
 {
     QImage picture = messageBase();
     drawPlate(picture, kSecondPlate);
-    return picture.copy(kSecondPlate.toRect());
+    return picture.copy(devicePixels(kSecondPlate.toRect()));
 }
 
 QImage bestTimesDialog()
@@ -145,8 +165,10 @@ QImage bestTimesDialog()
         for (int32_t row = 0; row < 3; ++row)
             drawMedal(picture, QPointF(40, rows[row] + 20), medals[row][0], medals[row][1]);
         for (const double y : {top + 53.0, top + 104.0})
-            drawOver(picture, lit(flatColour(picture.size(), QColor(190, 160, 116)), roundedBox(QRectF(60, y, 280, 1.2), 0.6),
-                                  Relief{.bevel = 0}));
+            drawOver(picture, lit(flatColour(logicalSize(picture), QColor(190, 160, 116)),
+                                  roundedBox(QRectF(60, y, 280, 1.2), 0.6), Relief{.bevel = 0}));
+        // The title stands right of the first score and above the game's piece, clear of every label.
+        drawGameTitle(picture, game, QPointF(350, top + 40));
         drawGameMark(picture, game, QPointF(356, top + 77));
     }
     const QRectF close(110, 505, 179, 30);
@@ -165,7 +187,7 @@ QImage bestTimesDialog()
 QImage savedGamesDialog()
 {
     QImage picture = smallDialogBase(41);
-    const QSize size = picture.size();
+    const QSize size = logicalSize(picture);
     // The list, a lighter sheet sunk into the paper, with the scroll arrows beside it.
     const QRectF list(18, 55, 235, 112);
     drawOver(picture, lit(verticalGradient(size, QColor(252, 250, 244), QColor(242, 236, 222), list), roundedBox(list, 3),

@@ -24,7 +24,7 @@ QPainterPath stroked(const QPainterPath &line, double width)
 
 void drawBook(QImage &target, QRectF box)
 {
-    const QSize size = target.size();
+    const QSize size = logicalSize(target);
     const double cx = box.center().x();
     const double top = box.top();
     const double bottom = box.bottom();
@@ -59,7 +59,7 @@ void drawBook(QImage &target, QRectF box)
 
 void drawCherries(QImage &target, QRectF box)
 {
-    const QSize size = target.size();
+    const QSize size = logicalSize(target);
     const double s = box.width() / 40.0; // drawn on a 40 x 40 design
     const auto at = [&](double x, double y) { return box.topLeft() + QPointF(x * s, y * s); };
 
@@ -91,7 +91,7 @@ void drawCherries(QImage &target, QRectF box)
 
 QImage catalogueEmblem()
 {
-    QImage emblem = plainBackground().copy(QRect(kPlace, kSize));
+    QImage emblem = plainBackground().copy(devicePixels(QRect(kPlace, kSize)));
     const QPointF centre(44, 46);
     const QImage rim = lit(verticalGradient(kSize, QColor(236, 204, 128), QColor(132, 92, 38), QRectF(4, 6, 80, 80)), disc(centre, 40),
                            Relief{.bevel = 3.5, .depth = 1.1, .gloss = 0.4, .shininess = 18});

@@ -144,20 +144,20 @@ Lighting lightingOf(int32_t button, bool running)
 // where the dome's own highlight falls.
 QImage gemMaterial(QSize size, QPointF centre, QColor colour)
 {
-    QImage material(size, QImage::Format_RGB32);
+    QImage material = canvas(size, QImage::Format_RGB32);
     material.fill(colour.darker(240));
     QPainter painter(&material);
     QRadialGradient gradient(centre + QPointF(3, 5), kGem * 1.3, centre + QPointF(4, 7));
     gradient.setColorAt(0.0, colour.lighter(150));
     gradient.setColorAt(0.55, colour);
     gradient.setColorAt(1.0, colour.darker(210));
-    painter.fillRect(material.rect(), gradient);
+    painter.fillRect(QRect(QPoint(), size), gradient);
     return material;
 }
 
 void drawButton(QImage &target, int32_t button, QPointF centre, Lighting lighting)
 {
-    const QSize size = target.size();
+    const QSize size = logicalSize(target);
     const QColor base = colourOf(button);
     QColor colour = base;
     if (lighting == Lighting::Lit)
@@ -209,8 +209,8 @@ void drawColumn(QImage &target, bool running)
 
 QImage menuSheet()
 {
-    const QImage column = plainBackground().copy(QRect(kSheetAt, kColumn));
-    QImage sheet(2 * kColumn.width(), kColumn.height(), QImage::Format_RGB32);
+    const QImage column = plainBackground().copy(devicePixels(QRect(kSheetAt, kColumn)));
+    QImage sheet = canvas(QSize(2 * kColumn.width(), kColumn.height()), QImage::Format_RGB32);
     for (const bool running : {false, true}) {
         QImage lighting = column;
         drawColumn(lighting, running);

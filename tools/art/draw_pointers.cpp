@@ -20,12 +20,18 @@ QImage outlined(const QPainterPath &shape, QColor top, QColor bottom, QColor out
     stroker.setWidth(2.2);
     stroker.setJoinStyle(Qt::RoundJoin);
     const QPainterPath border = stroker.createStroke(shape).united(shape);
-    QImage picture(kSize, QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
+    QImage picture = canvas(kSize);
     drawOver(picture, shadowOf(pathImage(kSize, border), 1, {2, 2}, 0.45));
     drawOver(picture, tinted(pathImage(kSize, border), outline));
     drawOver(picture, clipped(verticalGradient(kSize, top, bottom, shape.boundingRect()), pathImage(kSize, shape)));
     return picture;
+}
+
+// The hot spot in the picture's own pixels, written into the file.
+void setHotSpot(QImage &picture, QPoint logical)
+{
+    const QPoint at = logical * scale();
+    picture.setText(QStringLiteral("HotSpot"), QStringLiteral("%1,%2").arg(at.x()).arg(at.y()));
 }
 
 } // namespace
@@ -43,7 +49,7 @@ QImage pointer()
     arrow.lineTo(tip + QPointF(13.8, 13.6));
     arrow.closeSubpath();
     QImage picture = outlined(arrow, QColor(255, 236, 170), QColor(206, 150, 60), QColor(52, 22, 10));
-    picture.setText(QStringLiteral("HotSpot"), QStringLiteral("%1,%2").arg(kPointerHotSpot.x()).arg(kPointerHotSpot.y()));
+    setHotSpot(picture, kPointerHotSpot);
     return picture;
 }
 
@@ -69,7 +75,7 @@ QImage handPointer()
     palm.closeSubpath();
     hand = hand.united(palm).simplified();
     QImage picture = outlined(hand, QColor(255, 255, 255), QColor(226, 220, 208), QColor(24, 16, 10));
-    picture.setText(QStringLiteral("HotSpot"), QStringLiteral("%1,%2").arg(kHandHotSpot.x()).arg(kHandHotSpot.y()));
+    setHotSpot(picture, kHandHotSpot);
     return picture;
 }
 

@@ -20,15 +20,19 @@ constexpr double kRadius = 27.0;
 QImage stoneMaterial(QSize size)
 {
     const Noise noise(4242);
-    QImage image(size, QImage::Format_RGB32);
-    for (int32_t y = 0; y < size.height(); ++y)
-        for (int32_t x = 0; x < size.width(); ++x) {
+    QImage image = canvas(size, QImage::Format_RGB32);
+    const double s = scale();
+    for (int32_t py = 0; py < image.height(); ++py)
+        for (int32_t px = 0; px < image.width(); ++px) {
+            const double x = px / s;
+            const double y = py / s;
             const double m = noise.fractal(x * 0.12, y * 0.12, 3) - 0.5;
-            const double r = std::hypot(x + 0.5 - kCentre.x(), y + 0.5 - kCentre.y()) / kRadius;
+            const double r = std::hypot((px + 0.5) / s - kCentre.x(), (py + 0.5) / s - kCentre.y()) / kRadius;
             const double l = 1.0 + 0.22 * m - 0.12 * r;
-            image.setPixel(x, y, qRgb(std::clamp(static_cast<int32_t>(214 * l), 0, 255),
-                                      std::clamp(static_cast<int32_t>(176 * l), 0, 255),
-                                      std::clamp(static_cast<int32_t>(124 * l), 0, 255)));
+            image.setPixel(px, py,
+                           qRgb(std::clamp(static_cast<int32_t>(214 * l), 0, 255),
+                                std::clamp(static_cast<int32_t>(176 * l), 0, 255),
+                                std::clamp(static_cast<int32_t>(124 * l), 0, 255)));
         }
     return image;
 }
@@ -55,7 +59,7 @@ QImage stoneSheet()
 {
     const QImage outline = lit(flatColour(QSize(kCell, kCell), Qt::white), disc(kCentre, kRadius), Relief{.bevel = 0});
     const MaskedSprite parts = splitMasked(stone(), outline, playAreaGround());
-    QImage sheet(2 * kCell, kCell, QImage::Format_RGB32);
+    QImage sheet = canvas(QSize(2 * kCell, kCell), QImage::Format_RGB32);
     QPainter painter(&sheet);
     painter.drawImage(0, 0, parts.image);
     painter.drawImage(kCell, 0, parts.mask);

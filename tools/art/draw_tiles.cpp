@@ -15,7 +15,7 @@ const QColor kSeam(26, 28, 32); // the thin dark line that parts neighbouring ti
 
 QImage blankCell()
 {
-    QImage cell(kCell, kCell, QImage::Format_RGB32);
+    QImage cell = canvas(QSize(kCell, kCell), QImage::Format_RGB32);
     cell.fill(kSeam);
     return cell;
 }
@@ -24,7 +24,7 @@ const QRectF kTile(1, 1, kCell - 2, kCell - 2);
 
 void drawRaisedTile(QImage &cell, QColor top, QColor bottom)
 {
-    drawOver(cell, lit(verticalGradient(cell.size(), top, bottom, kTile), roundedBox(kTile, 4),
+    drawOver(cell, lit(verticalGradient(logicalSize(cell), top, bottom, kTile), roundedBox(kTile, 4),
                        Relief{.bevel = 5, .depth = 1.1, .gloss = 0.25, .shininess = 18}));
 }
 
@@ -32,7 +32,7 @@ QImage pipTile(int32_t pips)
 {
     QImage cell = blankCell();
     drawRaisedTile(cell, QColor(78, 138, 226), QColor(34, 82, 172));
-    drawPips(cell, kTile, dicePips(pips), 6.0, QColor(248, 244, 230));
+    drawPips(cell, kTile, pipLayout(pips), 6.0, QColor(248, 244, 230));
     return cell;
 }
 
@@ -40,7 +40,8 @@ QImage socket()
 {
     QImage cell = blankCell();
     drawRaisedTile(cell, QColor(168, 170, 176), QColor(126, 128, 134));
-    drawOver(cell, lit(verticalGradient(cell.size(), QColor(112, 114, 120), QColor(138, 140, 146), kTile.adjusted(9, 9, -9, -9)),
+    drawOver(cell, lit(verticalGradient(logicalSize(cell), QColor(112, 114, 120), QColor(138, 140, 146),
+                                        kTile.adjusted(9, 9, -9, -9)),
                        roundedBox(kTile.adjusted(9, 9, -9, -9), 3), Relief{.bevel = 3, .depth = -1.0}));
     return cell;
 }
@@ -59,7 +60,7 @@ QImage smilingTile()
     stroker.setWidth(3.6);
     stroker.setCapStyle(Qt::RoundCap);
     face = face.united(stroker.createStroke(smile));
-    const QImage shape = pathImage(cell.size(), face);
+    const QImage shape = pathImage(logicalSize(cell), face);
     // Cut into the tile: a light lip below the dark engraving.
     drawOver(cell, tinted(shape, QColor(255, 246, 200, 170)), {0, 1});
     drawOver(cell, tinted(shape, QColor(96, 52, 8)));
@@ -70,7 +71,7 @@ QImage smilingTile()
 
 QImage tileSheet()
 {
-    QImage sheet(6 * kCell, kCell, QImage::Format_RGB32);
+    QImage sheet = canvas(QSize(6 * kCell, kCell), QImage::Format_RGB32);
     QPainter painter(&sheet);
     for (int32_t pips = 1; pips <= 4; ++pips)
         painter.drawImage((pips - 1) * kCell, 0, pipTile(pips));

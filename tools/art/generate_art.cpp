@@ -1,6 +1,8 @@
 // Writes the program's pictures: generate_art <output folder>.
 // Everything is drawn here, lit from the top left, with fixed seeds for the
-// textures, so every run gives the same files.
+// textures, so every run gives the same files. Each picture is drawn at 1x, 2x
+// and 3x, for screens of those device pixel ratios ("fond.jpg", "fond@2x.jpg",
+// "fond@3x.jpg").
 
 #include "art.h"
 
@@ -19,13 +21,21 @@ struct Picture {
     int32_t quality;
 };
 
+// "fond.jpg" at scale 1, "fond@2x.jpg" at scale 2.
+QString fileName(const char *name, int32_t scale)
+{
+    const QString file = QString::fromLatin1(name);
+    if (scale == 1) return file;
+    return file.section('.', 0, 0) + QStringLiteral("@%1x.").arg(scale) + file.section('.', 1);
+}
+
 bool save(const QDir &folder, const Picture &picture)
 {
     QImage image = picture.draw();
     // The sheets and the plate are 24-bit bitmaps; the pointers keep their alpha.
     if (QByteArray(picture.format) != "PNG")
         image = image.convertToFormat(QImage::Format_RGB32);
-    const QString path = folder.filePath(QString::fromLatin1(picture.name));
+    const QString path = folder.filePath(fileName(picture.name, art::scale()));
     if (!image.save(path, picture.format, picture.quality)) {
         std::fprintf(stderr, "generate_art: cannot write %s\n", qPrintable(path));
         return false;
@@ -64,8 +74,10 @@ int main(int argc, char **argv)
         {"pointeur.png", art::pointer, "PNG", -1},
         {"main.png", art::handPointer, "PNG", -1},
     };
-    for (const Picture &picture : pictures)
-        if (!save(folder, picture))
-            return 1;
+    for (const int32_t scale : {1, 2, 3}) {
+        art::setScale(scale);
+        for (const Picture &picture : pictures)
+            if (!save(folder, picture)) return 1;
+    }
     return 0;
 }

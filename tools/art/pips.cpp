@@ -1,5 +1,5 @@
-// Pips: where they stand on a tile and how they are drawn. Game 1 lays them out
-// as on a die; game 3 has its own order for 3.
+// Pips: where they stand on a tile and how they are drawn. Games 1 and 3 lay
+// them out alike, so a tile of 3 reads the same in both.
 
 #include "art.h"
 
@@ -21,17 +21,7 @@ const QPointF kCentre{0, 0};
 
 } // namespace
 
-std::vector<QPointF> dicePips(int32_t count)
-{
-    switch (count) {
-    case 1: return {kCentre};
-    case 2: return {kTopRight, kBottomLeft};
-    case 3: return {kTopRight, kCentre, kBottomLeft};
-    default: return {kTopLeft, kTopRight, kBottomLeft, kBottomRight};
-    }
-}
-
-std::vector<QPointF> pairPips(int32_t count)
+std::vector<QPointF> pipLayout(int32_t count)
 {
     switch (count) {
     case 1: return {kCentre};
@@ -55,19 +45,18 @@ void drawPips(QImage &target, QRectF tile, const std::vector<QPointF> &pips, dou
         };
     };
     // Each pip sits in a shallow hollow and stands up from it as a small dome.
-    const QImage hollow = lit(flatColour(target.size(), QColor(20, 20, 30, 255)), within(radius + 1.2),
+    const QImage hollow = lit(flatColour(logicalSize(target), QColor(20, 20, 30, 255)), within(radius + 1.2),
                               Relief{.bevel = 1.5, .depth = -1.0});
     QImage hollowSoft = hollow;
     {
-        QImage fade(hollow.size(), QImage::Format_ARGB32_Premultiplied);
-        fade.fill(Qt::transparent);
+        QImage fade = canvas(logicalSize(hollow));
         QPainter painter(&fade);
         painter.setOpacity(0.45);
         painter.drawImage(0, 0, hollow);
         hollowSoft = fade;
     }
     drawOver(target, hollowSoft);
-    const QImage dome = lit(flatColour(target.size(), colour), within(radius),
+    const QImage dome = lit(flatColour(logicalSize(target), colour), within(radius),
                             Relief{.bevel = radius, .depth = 0.9, .gloss = 0.6, .shininess = 25, .dome = true});
     drawOver(target, shadowOf(dome, 1, {1, 1}, 0.45));
     drawOver(target, dome);

@@ -62,17 +62,24 @@ std::pair<double, double> lighting(const Relief &relief, Vec3 normal)
 
 void boxBlurAlpha(std::vector<double> &alpha, int32_t w, int32_t h, int32_t radius)
 {
+    // Three passes spread the alpha 3 * radius pixels beyond where it is not zero; further out it
+    // stays zero, so only that area is worked on.
+    QRect reach;
+    for (int32_t y = 0; y < h; ++y)
+        for (int32_t x = 0; x < w; ++x)
+            if (alpha[y * w + x] != 0.0) reach |= QRect(x, y, 1, 1);
+    reach = reach.adjusted(-3 * radius, -3 * radius, 3 * radius, 3 * radius).intersected(QRect(0, 0, w, h));
     std::vector<double> tmp(alpha.size());
     for (int32_t pass = 0; pass < 3; ++pass) {
-        for (int32_t y = 0; y < h; ++y)
-            for (int32_t x = 0; x < w; ++x) {
+        for (int32_t y = reach.top(); y <= reach.bottom(); ++y)
+            for (int32_t x = reach.left(); x <= reach.right(); ++x) {
                 double sum = 0;
                 for (int32_t k = -radius; k <= radius; ++k)
                     sum += alpha[y * w + std::clamp(x + k, 0, w - 1)];
                 tmp[y * w + x] = sum / (2 * radius + 1);
             }
-        for (int32_t y = 0; y < h; ++y)
-            for (int32_t x = 0; x < w; ++x) {
+        for (int32_t y = reach.top(); y <= reach.bottom(); ++y)
+            for (int32_t x = reach.left(); x <= reach.right(); ++x) {
                 double sum = 0;
                 for (int32_t k = -radius; k <= radius; ++k)
                     sum += tmp[std::clamp(y + k, 0, h - 1) * w + x];
@@ -81,9 +88,12 @@ void boxBlurAlpha(std::vector<double> &alpha, int32_t w, int32_t h, int32_t radi
     }
 }
 
-QImage colouredAlpha(const std::vector<double> &alpha, QSize size, QColor colour, double opacity, QPoint offset)
+// An image of the device size and ratio given, coloured by the alpha moved by `offset` device pixels.
+QImage colouredAlpha(const std::vector<double> &alpha, QSize size, qreal ratio, QColor colour, double opacity,
+                     QPoint offset)
 {
     QImage out(size, QImage::Format_ARGB32_Premultiplied);
+    out.setDevicePixelRatio(ratio);
     out.fill(Qt::transparent);
     for (int32_t y = 0; y < size.height(); ++y) {
         auto *line = reinterpret_cast<QRgb *>(out.scanLine(y));
@@ -112,7 +122,25 @@ std::vector<double> alphaOf(const QImage &picture)
     return alpha;
 }
 
+int32_t gScale = 1;
+
 } // namespace
+
+void setScale(int32_t scale) { gScale = scale; }
+
+int32_t scale() { return gScale; }
+
+QImage canvas(QSize size, QImage::Format format)
+{
+    QImage image(size * gScale, format);
+    image.setDevicePixelRatio(gScale);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+QSize logicalSize(const QImage &image) { return image.deviceIndependentSize().toSize(); }
+
+QRect devicePixels(QRect logical) { return QRect(logical.topLeft() * gScale, logical.size() * gScale); }
 
 Shape roundedBox(QRectF box, double radius)
 {
@@ -143,32 +171,45 @@ QImage lit(const QImage &material, const Shape &shape, const Relief &relief)
 {
     const QImage source = material.convertToFormat(QImage::Format_RGB32);
     QImage out(source.size(), QImage::Format_ARGB32_Premultiplied);
+    const double s = source.devicePixelRatio();
+    out.setDevicePixelRatio(s);
     out.fill(Qt::transparent);
-    constexpr double e = 0.35;
+    // The step of the slope's estimate: a third of a device pixel, in logical pixels.
+    const double e = 0.35 / s;
+    const std::pair<double, double> flatTop = lighting(relief, Vec3{0, 0, 1});
     for (int32_t py = 0; py < out.height(); ++py) {
         const auto *in = reinterpret_cast<const QRgb *>(source.constScanLine(py));
         auto *line = reinterpret_cast<QRgb *>(out.scanLine(py));
         for (int32_t px = 0; px < out.width(); ++px) {
             // Skip pixels that lie wholly outside the shape.
-            if (shape(px + 0.5, py + 0.5) > 1.0)
-                continue;
+            const double centre = shape((px + 0.5) / s, (py + 0.5) / s);
+            if (centre * s > 1.0) continue;
+            // On a pixel wholly within the flat top (no sample lies more than 0.53 device pixels
+            // from its centre) every sample is lit alike, and the shape need not be asked.
+            const bool flat = centre <= -(relief.bevel + 0.75 / s);
             int32_t covered = 0;
             double factor = 0;
             double highlight = 0;
             for (int32_t sy = 0; sy < kSamples; ++sy)
                 for (int32_t sx = 0; sx < kSamples; ++sx) {
-                    const double x = px + (sx + 0.5) / kSamples;
-                    const double y = py + (sy + 0.5) / kSamples;
+                    if (flat) {
+                        ++covered;
+                        factor += flatTop.first;
+                        highlight += flatTop.second;
+                        continue;
+                    }
+                    const double x = (px + (sx + 0.5) / kSamples) / s;
+                    const double y = (py + (sy + 0.5) / kSamples) / s;
                     const double d = shape(x, y);
                     if (d > 0)
                         continue;
                     ++covered;
                     Vec3 normal{0, 0, 1};
-                    const double s = relief.bevel > 0 ? slope(relief, -d / relief.bevel) : 0.0;
-                    if (s != 0.0) {
+                    const double rise = relief.bevel > 0 ? slope(relief, -d / relief.bevel) : 0.0;
+                    if (rise != 0.0) {
                         const double gx = (shape(x + e, y) - shape(x - e, y)) / (2 * e);
                         const double gy = (shape(x, y + e) - shape(x, y - e)) / (2 * e);
-                        normal = normalised({gx * s, gy * s, 1.0});
+                        normal = normalised({gx * rise, gy * rise, 1.0});
                     }
                     const auto [f, h] = lighting(relief, normal);
                     factor += f;
@@ -192,23 +233,23 @@ QImage lit(const QImage &material, const Shape &shape, const Relief &relief)
 
 QImage shadowOf(const QImage &picture, int32_t blur, QPoint offset, double opacity)
 {
+    const int32_t s = static_cast<int32_t>(picture.devicePixelRatio());
     std::vector<double> alpha = alphaOf(picture);
-    if (blur > 0)
-        boxBlurAlpha(alpha, picture.width(), picture.height(), blur);
-    return colouredAlpha(alpha, picture.size(), QColor(10, 6, 4), opacity, offset);
+    if (blur > 0) boxBlurAlpha(alpha, picture.width(), picture.height(), blur * s);
+    return colouredAlpha(alpha, picture.size(), s, QColor(10, 6, 4), opacity, offset * s);
 }
 
 QImage glowOf(const QImage &picture, int32_t blur, QColor colour, double opacity)
 {
+    const int32_t s = static_cast<int32_t>(picture.devicePixelRatio());
     std::vector<double> alpha = alphaOf(picture);
-    boxBlurAlpha(alpha, picture.width(), picture.height(), blur);
-    return colouredAlpha(alpha, picture.size(), colour, opacity, {});
+    boxBlurAlpha(alpha, picture.width(), picture.height(), blur * s);
+    return colouredAlpha(alpha, picture.size(), s, colour, opacity, {});
 }
 
 QImage pathImage(QSize size, const QPainterPath &path)
 {
-    QImage out(size, QImage::Format_ARGB32_Premultiplied);
-    out.fill(Qt::transparent);
+    QImage out = canvas(size);
     QPainter painter(&out);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
@@ -219,7 +260,7 @@ QImage pathImage(QSize size, const QPainterPath &path)
 
 QImage tinted(const QImage &coverage, QColor colour)
 {
-    return colouredAlpha(alphaOf(coverage), coverage.size(), colour, colour.alphaF(), {});
+    return colouredAlpha(alphaOf(coverage), coverage.size(), coverage.devicePixelRatio(), colour, colour.alphaF(), {});
 }
 
 QImage clipped(const QImage &material, const QImage &coverage)
@@ -227,6 +268,7 @@ QImage clipped(const QImage &material, const QImage &coverage)
     const QImage source = material.convertToFormat(QImage::Format_RGB32);
     const QImage cut = coverage.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     QImage out(source.size(), QImage::Format_ARGB32_Premultiplied);
+    out.setDevicePixelRatio(source.devicePixelRatio());
     for (int32_t y = 0; y < out.height(); ++y) {
         const auto *in = reinterpret_cast<const QRgb *>(source.constScanLine(y));
         const auto *alpha = reinterpret_cast<const QRgb *>(cut.constScanLine(y));
@@ -250,6 +292,8 @@ MaskedSprite splitMasked(const QImage &sprite, const QImage &outline, QColor gro
     const QImage source = sprite.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     const QImage shape = outline.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     MaskedSprite out{QImage(source.size(), QImage::Format_RGB32), QImage(source.size(), QImage::Format_RGB32)};
+    out.image.setDevicePixelRatio(source.devicePixelRatio());
+    out.mask.setDevicePixelRatio(source.devicePixelRatio());
     for (int32_t y = 0; y < source.height(); ++y) {
         const auto *in = reinterpret_cast<const QRgb *>(source.constScanLine(y));
         auto *image = reinterpret_cast<QRgb *>(out.image.scanLine(y));

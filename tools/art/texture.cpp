@@ -73,13 +73,14 @@ double Noise::fractal(double x, double y, int32_t octaves) const
 QImage cherryWood(QSize size, uint32_t seed, bool across)
 {
     const Noise noise(seed);
-    QImage image(size, QImage::Format_RGB32);
-    for (int32_t py = 0; py < size.height(); ++py) {
+    QImage image = canvas(size, QImage::Format_RGB32);
+    const double s = scale();
+    for (int32_t py = 0; py < image.height(); ++py) {
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(py));
-        for (int32_t px = 0; px < size.width(); ++px) {
-            // u runs along the grain, v across it.
-            const double u = across ? py : px;
-            const double v = across ? px : py;
+        for (int32_t px = 0; px < image.width(); ++px) {
+            // u runs along the grain, v across it, in logical pixels.
+            const double u = (across ? py : px) / s;
+            const double v = (across ? px : py) / s;
             const double warp = 9.0 * noise.fractal(u * 0.006, v * 0.02, 3);
             const double rings = 0.5 + 0.5 * std::sin((v + warp) * 0.55);
             const double figure = std::pow(rings, 3.0);
@@ -95,16 +96,19 @@ QImage cherryWood(QSize size, uint32_t seed, bool across)
 QImage slate(QSize size, uint32_t seed)
 {
     const Noise noise(seed);
-    QImage image(size, QImage::Format_RGB32);
-    for (int32_t py = 0; py < size.height(); ++py) {
+    QImage image = canvas(size, QImage::Format_RGB32);
+    const double s = scale();
+    for (int32_t py = 0; py < image.height(); ++py) {
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(py));
-        for (int32_t px = 0; px < size.width(); ++px) {
-            const double cloud = noise.fractal(px * 0.008, py * 0.008, 5) - 0.5;
-            const double grain = noise.at(px * 0.45, py * 0.45) - 0.5;
-            const double tint = noise.fractal(px * 0.003 + 50, py * 0.003 + 50, 2) - 0.5;
+        for (int32_t px = 0; px < image.width(); ++px) {
+            const double x = px / s;
+            const double y = py / s;
+            const double cloud = noise.fractal(x * 0.008, y * 0.008, 5) - 0.5;
+            const double grain = noise.at(x * 0.45, y * 0.45) - 0.5;
+            const double tint = noise.fractal(x * 0.003 + 50, y * 0.003 + 50, 2) - 0.5;
             // A soft pool of light in the middle, falling off towards the edges.
-            const double dx = (px - size.width() / 2.0) / size.width();
-            const double dy = (py - size.height() / 2.0) / size.height();
+            const double dx = (x - size.width() / 2.0) / size.width();
+            const double dy = (y - size.height() / 2.0) / size.height();
             const double pool = 1.06 - 0.5 * (dx * dx + dy * dy);
             const double l = pool * (1.0 + 0.28 * cloud + 0.06 * grain);
             line[px] = shade((66 + 8 * tint) * l, 70 * l, (74 - 6 * tint) * l);
@@ -115,7 +119,7 @@ QImage slate(QSize size, uint32_t seed)
 
 QImage flatColour(QSize size, QColor colour)
 {
-    QImage image(size, QImage::Format_RGB32);
+    QImage image = canvas(size, QImage::Format_RGB32);
     image.fill(colour);
     return image;
 }
@@ -127,13 +131,14 @@ QImage verticalGradient(QSize size, QColor top, QColor bottom)
 
 QImage verticalGradient(QSize size, QColor top, QColor bottom, QRectF over)
 {
-    QImage image(size, QImage::Format_RGB32);
-    for (int32_t py = 0; py < size.height(); ++py) {
-        const double t = std::clamp((py + 0.5 - over.top()) / std::max(1.0, over.height()), 0.0, 1.0);
+    QImage image = canvas(size, QImage::Format_RGB32);
+    const double s = scale();
+    for (int32_t py = 0; py < image.height(); ++py) {
+        const double t = std::clamp(((py + 0.5) / s - over.top()) / std::max(1.0, over.height()), 0.0, 1.0);
         const QRgb c = shade(top.red() + (bottom.red() - top.red()) * t,
                              top.green() + (bottom.green() - top.green()) * t,
                              top.blue() + (bottom.blue() - top.blue()) * t);
-        std::fill_n(reinterpret_cast<QRgb *>(image.scanLine(py)), size.width(), c);
+        std::fill_n(reinterpret_cast<QRgb *>(image.scanLine(py)), image.width(), c);
     }
     return image;
 }

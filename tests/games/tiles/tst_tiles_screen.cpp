@@ -90,7 +90,8 @@ class TestTilesScreen : public QObject {
     // Empty when the screen shows the model, in the image and on the window.
     QString screenFault(Upper upper = Upper::Targets)
     {
-        if (fond().pctPion1->image.size() != QSize(6 * kCell, kCell)) return QStringLiteral("sheet of the wrong size");
+        if (fond().pctPion1->image.deviceIndependentSize() != QSizeF(6 * kCell, kCell))
+            return QStringLiteral("sheet of the wrong size");
         return ::screenFault(fond(), fond().pctEcran1, kScreenPlace, expectedScreen(fond(), upper));
     }
 
