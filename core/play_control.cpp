@@ -12,6 +12,7 @@
 #include "save_dialogue.h"
 #include "saved_games.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -109,7 +110,7 @@ bool frmFond::loadChosenGame(int32_t jeu)
 {
     auto *chooser = new frmFile(this);
     chooser->Form_Load();
-    JoueSon(QStringLiteral("marel008.wav"));
+    JoueSon(cue::kDialog);
     chooser->exec();
     const QString nom = chooser->Tag;
     delete chooser;
@@ -174,7 +175,7 @@ void frmFond::showBestTimes()
     pctEcran1->hide();
     pctEcran2->hide();
     pctEcran3->hide();
-    JoueSon(QStringLiteral("marel008.wav"));
+    JoueSon(cue::kDialog);
     myTimer.stop();
     auto *best = new frmBest(this);
     best->Form_Load();
@@ -230,7 +231,7 @@ void frmFond::closeGame(int32_t jeu)
 {
     screenOf(jeu)->hide();
     gNiveau = 999;
-    JoueSon(QStringLiteral("marel001.wav"));
+    JoueSon(cue::kWin);
     Pause(3);
     AfficheMess(QStringLiteral("Félicitations ") + gNomJoueur + kCrLf + QStringLiteral("Vous venez de terminer") + kCrLf
                     + QStringLiteral("les ") + QString::number(gNbNiveaux) + QStringLiteral(" niveaux du jeu ")

@@ -4,6 +4,7 @@
 #include "best_times_table.h"
 #include "modBase.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 namespace {
 
@@ -11,7 +12,7 @@ void enterResult(int32_t jeu)
 {
     const BestTable table = bestTable(jeu);
     if (!rankResult(table.niveaux, table.temps, table.noms, gNiveau, gTempsTotal, gNomJoueur)) return;
-    JoueSon(QStringLiteral("marel001.wav"));
+    JoueSon(cue::kWin);
     EcritBest();
 }
 

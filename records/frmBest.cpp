@@ -5,6 +5,7 @@
 #include "frmFond.h"
 #include "pointers.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 #include <QCloseEvent>
 #include <cmath>
@@ -71,7 +72,7 @@ QString frmBest::FormatTemps(double t)
 
 void frmBest::Image1_Click()
 {
-    JoueSon(QStringLiteral("marel009.wav"));
+    JoueSon(cue::kClick);
     hide();
 }
 

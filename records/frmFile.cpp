@@ -4,6 +4,7 @@
 #include "frmFond.h"
 #include "pointers.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 #include <QCloseEvent>
 
@@ -65,7 +66,7 @@ void frmFile::imgScroll_Click(int Index)
         if (mPremier < 0) mPremier = 0;
     }
     clearNames();
-    JoueSon(QStringLiteral("marel009.wav"));
+    JoueSon(cue::kClick);
     for (int32_t i = mPremier; i <= mPremier + 4 && i <= mDernier; ++i) labF[i - mPremier]->setText(shownName(i));
     mChoix = -1;
 }
@@ -74,14 +75,14 @@ void frmFile::labF_Click(int Index)
 {
     if (labF[Index]->text().isEmpty()) return;
     for (int i = 0; i < 5; ++i) setMarked(i, false);
-    JoueSon(QStringLiteral("marel009.wav"));
+    JoueSon(cue::kClick);
     setMarked(Index, true);
     mChoix = mPremier + Index;
 }
 
 void frmFile::reponse_Click(int Index)
 {
-    JoueSon(QStringLiteral("marel009.wav"));
+    JoueSon(cue::kClick);
     if (Index == 0) {
         if (mChoix == -1) return;
         Tag = shownName(mChoix);

@@ -4,6 +4,7 @@
 #include "frmFond.h"
 #include "pointers.h"
 #include "sound.h"
+#include "sound_cues.h"
 #include "surface.h"
 
 #include <QCloseEvent>
@@ -41,7 +42,7 @@ frmMess::frmMess(QWidget *parent) : PictureDialog(parent, QStringLiteral("mess.j
 
 void frmMess::reponse_Click(int Index)
 {
-    JoueSon(QStringLiteral("marel009.wav"));
+    JoueSon(cue::kClick);
     Tag = !txtReponse->isHidden() ? txtReponse->text() : reponse[Index]->text();
     hide();
 }
@@ -75,7 +76,7 @@ QString AfficheMess(const QString &message, const QString &caption0, const QStri
         mess->txtReponse->setText(defaut);
         mess->txtReponse->show();
     }
-    JoueSon(QStringLiteral("marel008.wav"));
+    JoueSon(cue::kDialog);
     mess->exec();
     const QString answer = mess->Tag;
     delete mess;

@@ -3,6 +3,7 @@
 #include "cue_player.h"
 #include "frmFond.h"
 #include "modBase.h"
+#include "sound_cues.h"
 
 #include <QCoreApplication>
 
@@ -21,8 +22,6 @@ void JoueSon(QString nom)
 void preloadCues()
 {
     QStringList waves;
-    for (const char *cue :
-         {"marel001.wav", "marel002.wav", "marel007.wav", "marel008.wav", "marel009.wav", "marel010.wav"})
-        waves.append(gCheminApp + QLatin1String(cue));
+    for (const char *name : cue::kAll) waves.append(gCheminApp + QLatin1String(name));
     mainWindow()->tambour.usePlayer(gCheminApp + QLatin1String(kCuePlayerModule), waves, mainWindow());
 }
