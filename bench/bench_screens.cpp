@@ -194,7 +194,7 @@ void Cue_JoueSon(benchmark::State &state)
 {
     startLevel(2, kStonesLevel);
     for (auto _ : state) {
-        JoueSon(cue::kBoardMove);
+        JoueSon(fond->tambour, cue::kBoardMove);
         forgetCues();
     }
 }

@@ -8,16 +8,16 @@
 
 namespace {
 
-void enterResult(int32_t jeu)
+void enterResult(Tambour &tambour, int32_t jeu)
 {
     const BestTable table = bestTable(jeu);
     if (!rankResult(table.niveaux, table.temps, table.noms, gNiveau, gTempsTotal, gNomJoueur)) return;
-    JoueSon(cue::kWin);
+    JoueSon(tambour, cue::kWin);
     EcritBest();
 }
 
 } // namespace
 
-void MajBest1() { enterResult(1); }
-void MajBest2() { enterResult(2); }
-void MajBest3() { enterResult(3); }
+void MajBest1(Tambour &tambour) { enterResult(tambour, 1); }
+void MajBest2(Tambour &tambour) { enterResult(tambour, 2); }
+void MajBest3(Tambour &tambour) { enterResult(tambour, 3); }

@@ -43,7 +43,7 @@ void frmFond::ChargeNiveau3()
     for (int32_t y = 0; y < PairBoard::kCotes; ++y)
         for (int32_t x = 0; x < PairBoard::kCotes; ++x)
             if (pairs.tabPions3[x][y] > 0) DessinePion3(x, y, false);
-    JoueSon(cue::kNewLevel);
+    JoueSon(tambour, cue::kNewLevel);
     pctEcran3->refresh();
 }
 
@@ -63,7 +63,7 @@ void frmFond::pctEcran3_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers,
         return;
     }
     if (pairs.tabPions3[x][y] == 0) return;
-    JoueSon(cue::kBoardMove);
+    JoueSon(tambour, cue::kBoardMove);
     if (pairs.iChoix3 == -1) {
         selectTile(x, y);
         return;
@@ -85,7 +85,7 @@ void frmFond::cancelSelection()
 {
     setEnabled(false);
     pairs.Deselectionne3();
-    JoueSon(cue::kTakeBack);
+    JoueSon(tambour, cue::kTakeBack);
     DessineTout3(-1);
     setEnabled(true);
 }
@@ -105,10 +105,10 @@ void frmFond::takeBackPair()
     setEnabled(false);
     const int32_t a = pairs.tabCoupA3[pairs.iCoup3];
     pairs.undoTurnsOfSecond();
-    JoueSon(cue::kTakeBack);
+    JoueSon(tambour, cue::kTakeBack);
     DessineTout3(-1);
     pairs.undoSecondTileAndTurnsOfFirst();
-    JoueSon(cue::kTakeBack);
+    JoueSon(tambour, cue::kTakeBack);
     DessineTout3(-1);
     pairs.undoFirstTile();
     DessinePion3(a % PairBoard::kCotes, a / PairBoard::kCotes, false);

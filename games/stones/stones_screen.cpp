@@ -37,7 +37,7 @@ void frmFond::ChargeNiveau2()
     for (int32_t y = 0; y < StoneBoard::kLignes; ++y)
         for (int32_t x = 0; x < StoneBoard::kColonnes; ++x)
             if (stones.tabPions2[x][y] == StoneBoard::kVrai) drawStone(x, y);
-    JoueSon(cue::kNewLevel);
+    JoueSon(tambour, cue::kNewLevel);
     pctEcran2->refresh();
 }
 
@@ -45,7 +45,7 @@ void frmFond::pctEcran2_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers,
 {
     if (Button == Qt::RightButton) {
         if (stones.iCoup2 > -1) {
-            JoueSon(cue::kBoardMove);
+            JoueSon(tambour, cue::kBoardMove);
             takeBackFlip();
         }
         return;
@@ -53,7 +53,7 @@ void frmFond::pctEcran2_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers,
     const auto x = static_cast<int32_t>(std::floor(X / kCell));
     const auto y = static_cast<int32_t>(std::floor(Y / kCell));
     if (x < 0 || x >= StoneBoard::kColonnes || y < 0 || y >= StoneBoard::kLignes) return;
-    JoueSon(cue::kBoardMove);
+    JoueSon(tambour, cue::kBoardMove);
     flipStones(x, y);
     TesteFin2();
 }
@@ -71,7 +71,7 @@ void frmFond::takeBackFlip()
 {
     setEnabled(false);
     stones.Annule2();
-    JoueSon(cue::kTakeBack);
+    JoueSon(tambour, cue::kTakeBack);
     DessinePions2();
     pctEcran2->refresh();
     setEnabled(true);
@@ -80,7 +80,7 @@ void frmFond::takeBackFlip()
 void frmFond::TesteFin2()
 {
     if (!wonLevel(stones.Vide2())) return;
-    MajBest2();
+    MajBest2(tambour);
     if (gNiveau + 1 < gNbNiveaux)
         nextLevel(2, 2);
     else

@@ -36,7 +36,7 @@ void frmFond::ChargeNiveau1()
             BitBlt(pctEcran1, kCell * x, kLowerTop + kCell * y, kCell, kCell, pctPion1, kSocketX, 0, SRCCOPY);
         }
     }
-    JoueSon(cue::kNewLevel);
+    JoueSon(tambour, cue::kNewLevel);
     pctEcran1->refresh();
 }
 
@@ -50,7 +50,7 @@ void frmFond::pctEcran1_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers,
     const auto y = static_cast<int32_t>(std::floor((Y - kLowerTop) / kCell));
     if (x < 0 || x >= TileBoard::kColonnes || y < 0 || y >= TileBoard::kLignes) return;
     if (tiles.tabJeu1[x][y] != TileBoard::kSocle) return;
-    JoueSon(cue::kBoardMove);
+    JoueSon(tambour, cue::kBoardMove);
     placeTile(x, y);
     TesteFin1();
 }
@@ -69,7 +69,7 @@ void frmFond::takeBackTile()
     setEnabled(false);
     tiles.Annule1();
     DessineTout1();
-    JoueSon(cue::kTakeBack);
+    JoueSon(tambour, cue::kTakeBack);
     pctEcran1->refresh();
     setEnabled(true);
 }
@@ -100,7 +100,7 @@ void frmFond::DessineTout1()
 void frmFond::TesteFin1()
 {
     if (!wonLevel(tiles.Complet1())) return;
-    MajBest1();
+    MajBest1(tambour);
     if (gNiveau + 1 < gNbNiveaux) {
         for (int32_t y = 0; y < TileBoard::kLignes; ++y)
             for (int32_t x = 0; x < TileBoard::kColonnes; ++x)
