@@ -9,6 +9,7 @@
 #include "modBase.h"
 #include "pause.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -193,7 +194,7 @@ void Cue_JoueSon(benchmark::State &state)
 {
     startLevel(2, kStonesLevel);
     for (auto _ : state) {
-        JoueSon(QStringLiteral("marel010.wav"));
+        JoueSon(fond->tambour, cue::kBoardMove);
         forgetCues();
     }
 }

@@ -2,6 +2,8 @@
 #include "frmFond.h"
 #include "modBase.h"
 
+#include <QLabel>
+
 void frmFond::myTimer_Timer()
 {
     gTempsNiveau += 1.0;

@@ -12,9 +12,11 @@
 #include "save_dialogue.h"
 #include "saved_games.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLabel>
 
 namespace {
 
@@ -30,7 +32,7 @@ void frmFond::imgMenu_Click(int Index)
     case 2: LanceJeu(Index + 1); break;
     case 3: abandonOrReplay(); break;
     case 4: showBestTimes(); break;
-    case 5: OuvreAide(); break;
+    case 5: OuvreAide(this); break;
     case 6: quitQuestion(); break;
     default: break;
     }
@@ -68,7 +70,7 @@ void frmFond::LanceJeu(int32_t jeu)
     filList.Refresh();
     QString reponse = QStringLiteral("Lancer");
     if (filList.ListCount() > 0)
-        reponse = AfficheMess(QStringLiteral("Jeu %1").arg(jeu) + kCrLf
+        reponse = AfficheMess(dialogOwner(), QStringLiteral("Jeu %1").arg(jeu) + kCrLf
                                   + QStringLiteral("Vous pouvez lancer une nouvelle partie ou charger une partie "
                                                    "enregistrée."),
                               QStringLiteral("Lancer"), QStringLiteral("Charger"), QStringLiteral("Annuler"), false,
@@ -83,7 +85,7 @@ void frmFond::LanceJeu(int32_t jeu)
     if (reponse == QLatin1String("Lancer")) {
         gNiveau = 0;
         gNomPartie.clear();
-        const QString nom = AfficheMess(QStringLiteral("Entrez votre nom de joueur"), QStringLiteral("Valider"),
+        const QString nom = AfficheMess(dialogOwner(), QStringLiteral("Entrez votre nom de joueur"), QStringLiteral("Valider"),
                                         QString(), QString(), true, gNomJoueur);
         gNomJoueur = playerName(nom);
         gTempsTotal = 0;
@@ -107,9 +109,9 @@ void frmFond::LanceJeu(int32_t jeu)
 
 bool frmFond::loadChosenGame(int32_t jeu)
 {
-    auto *chooser = new frmFile(this);
+    auto *chooser = new frmFile(dialogOwner(), filList);
     chooser->Form_Load();
-    JoueSon(QStringLiteral("marel008.wav"));
+    JoueSon(tambour, cue::kDialog);
     chooser->exec();
     const QString nom = chooser->Tag;
     delete chooser;
@@ -119,12 +121,12 @@ bool frmFond::loadChosenGame(int32_t jeu)
     gNomPartie = nom;
     if (!ChargePartie(jeu)) {
         gNomPartie = before;
-        AfficheMess(QStringLiteral("Impossible de charger la partie :") + kCrLf + nom, QStringLiteral("Fermer"),
+        AfficheMess(dialogOwner(), QStringLiteral("Impossible de charger la partie :") + kCrLf + nom, QStringLiteral("Fermer"),
                     QString(), QString(), false, QString());
         return false;
     }
     if (gNiveau > gNbNiveaux - 1 || gNiveau == 999) {
-        AfficheMess(QStringLiteral("Vous avez terminé le jeu %1 dans cette partie...").arg(jeu) + kCrLf
+        AfficheMess(dialogOwner(), QStringLiteral("Vous avez terminé le jeu %1 dans cette partie...").arg(jeu) + kCrLf
                         + QStringLiteral("Félicitations"),
                     QStringLiteral("Fermer"), QString(), QString(), false, QString());
         return false;
@@ -139,7 +141,7 @@ void frmFond::abandonOrReplay()
     pctEcran2->hide();
     pctEcran3->hide();
     myTimer.stop();
-    const QString reponse = AfficheMess(QStringLiteral("Que désirez-vous ?"), QStringLiteral("Abandonner"),
+    const QString reponse = AfficheMess(dialogOwner(), QStringLiteral("Que désirez-vous ?"), QStringLiteral("Abandonner"),
                                         QStringLiteral("Rejouer"), QStringLiteral("Annuler"), false, QString());
     if (reponse == QLatin1String("Annuler")) {
         screenOf(gJeu)->show();
@@ -159,7 +161,7 @@ void frmFond::abandonOrReplay()
 
 void frmFond::leaveGame()
 {
-    SauvePartie();
+    SauvePartie(dialogOwner(), filList);
     labNiveau->hide();
     labTemps->hide();
     gASauver = false;
@@ -174,9 +176,9 @@ void frmFond::showBestTimes()
     pctEcran1->hide();
     pctEcran2->hide();
     pctEcran3->hide();
-    JoueSon(QStringLiteral("marel008.wav"));
+    JoueSon(tambour, cue::kDialog);
     myTimer.stop();
-    auto *best = new frmBest(this);
+    auto *best = new frmBest(dialogOwner());
     best->Form_Load();
     best->exec();
     delete best;
@@ -189,7 +191,7 @@ void frmFond::showBestTimes()
 void frmFond::quitQuestion()
 {
     if (gJeu >= 1 && gJeu <= 3) return;
-    const QString reponse = AfficheMess(QStringLiteral("Voulez-vous vraiment quitter le programme ?"),
+    const QString reponse = AfficheMess(dialogOwner(), QStringLiteral("Voulez-vous vraiment quitter le programme ?"),
                                         QStringLiteral("Oui"), QStringLiteral("Non"), QString(), false, QString());
     // Ends the event loop at once: quit() would first ask the windows to close, which closeEvent refuses.
     if (reponse == QLatin1String("Oui")) QCoreApplication::exit(0);
@@ -230,9 +232,9 @@ void frmFond::closeGame(int32_t jeu)
 {
     screenOf(jeu)->hide();
     gNiveau = 999;
-    JoueSon(QStringLiteral("marel001.wav"));
+    JoueSon(tambour, cue::kWin);
     Pause(3);
-    AfficheMess(QStringLiteral("Félicitations ") + gNomJoueur + kCrLf + QStringLiteral("Vous venez de terminer") + kCrLf
+    AfficheMess(dialogOwner(), QStringLiteral("Félicitations ") + gNomJoueur + kCrLf + QStringLiteral("Vous venez de terminer") + kCrLf
                     + QStringLiteral("les ") + QString::number(gNbNiveaux) + QStringLiteral(" niveaux du jeu ")
                     + QString::number(jeu),
                 QStringLiteral("Fermer"), QString(), QString(), false, QString());

@@ -15,7 +15,7 @@ bool frmFond::Form_Load()
     if (!mInstance) return false;
 
     gCheminApp = withTrailingSeparator(QCoreApplication::applicationDirPath());
-    preloadCues();
+    preloadCues(tambour, this);
     gFichierBest = QStringLiteral("mlbestTime.dat");
     Picture1->show();
     InitDonnees();

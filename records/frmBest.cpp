@@ -2,9 +2,9 @@
 
 #include "best_times.h"
 #include "fonts.h"
-#include "frmFond.h"
 #include "pointers.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 #include <QCloseEvent>
 #include <cmath>
@@ -31,7 +31,8 @@ QLabel *tableLabel(QWidget *parent, const QRect &place, const QFont &font)
 
 } // namespace
 
-frmBest::frmBest(QWidget *parent) : PictureDialog(parent, QStringLiteral("best.jpg"), QStringLiteral("Scores"))
+frmBest::frmBest(const DialogOwner &owner)
+    : PictureDialog(owner, QStringLiteral("best.jpg"), QStringLiteral("Scores"))
 {
 
     for (int i = 0; i < 9; ++i) {
@@ -41,7 +42,7 @@ frmBest::frmBest(QWidget *parent) : PictureDialog(parent, QStringLiteral("best.j
 
     Image1 = new HotSpot(this);
     Image1->setGeometry(110, 505, 179, 30);
-    Image1->setCursor(customPointer());
+    Image1->setCursor(customPointer(owner.window));
     Image1->setAccessibleName(QStringLiteral("Fermer"));
     connect(Image1, &HotSpot::clicked, this, &frmBest::Image1_Click);
 }
@@ -71,7 +72,7 @@ QString frmBest::FormatTemps(double t)
 
 void frmBest::Image1_Click()
 {
-    JoueSon(QStringLiteral("marel009.wav"));
+    JoueSon(mTambour, cue::kClick);
     hide();
 }
 

@@ -10,7 +10,7 @@ class frmBest : public PictureDialog {
     Q_OBJECT
 
 public:
-    explicit frmBest(QWidget *parent = nullptr);
+    explicit frmBest(const DialogOwner &owner);
 
     // Fills the nine rows from the tables as they stand: index i is row i mod 3 + 1 of game i div 3 + 1.
     void Form_Load();

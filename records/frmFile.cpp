@@ -1,14 +1,14 @@
 #include "frmFile.h"
 
 #include "fonts.h"
-#include "frmFond.h"
 #include "pointers.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 #include <QCloseEvent>
 
-frmFile::frmFile(QWidget *parent)
-    : PictureDialog(parent, QStringLiteral("file.jpg"), QStringLiteral("Selecteur fichier"))
+frmFile::frmFile(const DialogOwner &owner, const FileList &files)
+    : PictureDialog(owner, QStringLiteral("file.jpg"), QStringLiteral("Selecteur fichier")), mFiles(files)
 {
     setWindowTitle(QStringLiteral("Selecteur fichier"));
     setFixedSize(300, 300);
@@ -25,7 +25,7 @@ frmFile::frmFile(QWidget *parent)
         labF[i]->setFont(boldArial(16));
         labF[i]->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
         labF[i]->setTextFormat(Qt::PlainText);
-        labF[i]->setCursor(customPointer());
+        labF[i]->setCursor(customPointer(owner.window));
         QPalette palette = labF[i]->palette();
         palette.setColor(QPalette::Window, QColor(128, 128, 128));
         labF[i]->setPalette(palette);
@@ -49,7 +49,7 @@ void frmFile::Form_Load()
     mPremier = 0;
     mChoix = -1;
     clearNames();
-    mDernier = mainWindow()->filList.ListCount() - 1;
+    mDernier = mFiles.ListCount() - 1;
     for (int32_t i = 0; i <= mDernier && i < 5; ++i) labF[i]->setText(shownName(i));
 }
 
@@ -65,7 +65,7 @@ void frmFile::imgScroll_Click(int Index)
         if (mPremier < 0) mPremier = 0;
     }
     clearNames();
-    JoueSon(QStringLiteral("marel009.wav"));
+    JoueSon(mTambour, cue::kClick);
     for (int32_t i = mPremier; i <= mPremier + 4 && i <= mDernier; ++i) labF[i - mPremier]->setText(shownName(i));
     mChoix = -1;
 }
@@ -74,14 +74,14 @@ void frmFile::labF_Click(int Index)
 {
     if (labF[Index]->text().isEmpty()) return;
     for (int i = 0; i < 5; ++i) setMarked(i, false);
-    JoueSon(QStringLiteral("marel009.wav"));
+    JoueSon(mTambour, cue::kClick);
     setMarked(Index, true);
     mChoix = mPremier + Index;
 }
 
 void frmFile::reponse_Click(int Index)
 {
-    JoueSon(QStringLiteral("marel009.wav"));
+    JoueSon(mTambour, cue::kClick);
     if (Index == 0) {
         if (mChoix == -1) return;
         Tag = shownName(mChoix);
@@ -102,9 +102,9 @@ void frmFile::clearNames()
 // The marked label is filled with the grey of its palette; the others let the frame show through.
 void frmFile::setMarked(int index, bool marked) { labF[index]->setAutoFillBackground(marked); }
 
-QString frmFile::shownName(int32_t index)
+QString frmFile::shownName(int32_t index) const
 {
-    const QString name = mainWindow()->filList.List(index);
+    const QString name = mFiles.List(index);
     return name.left(qMax(0, name.size() - 4));
 }
 

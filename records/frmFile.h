@@ -1,7 +1,8 @@
-// The saved-game chooser: the names of the main window's file list, five at a time, one of them marked.
+// The saved-game chooser: the names of a file list, five at a time, one of them marked.
 #pragma once
 
 #include "click_label.h"
+#include "file_list.h"
 #include "hot_spot.h"
 #include "picture_dialog.h"
 
@@ -11,7 +12,8 @@ class frmFile : public PictureDialog {
     Q_OBJECT
 
 public:
-    explicit frmFile(QWidget *parent = nullptr);
+    // Shows the names of `files`, the main window's list, as it stands at each Form_Load.
+    frmFile(const DialogOwner &owner, const FileList &files);
 
     // Shows the first five names, none marked.
     void Form_Load();
@@ -40,5 +42,7 @@ private:
     void clearNames();
     void setMarked(int index, bool marked);
     // The list entry at an index without its last four characters, the extension.
-    static QString shownName(int32_t index);
+    QString shownName(int32_t index) const;
+
+    const FileList &mFiles;
 };

@@ -1,7 +1,7 @@
 #include "saved_games.h"
 
 #include "codepage.h"
-#include "frmFond.h"
+#include "file_list.h"
 #include "modBase.h"
 #include "saved_game_file.h"
 #include "whole_file.h"
@@ -36,11 +36,10 @@ bool ChargePartie(int32_t jeu)
     return true;
 }
 
-bool CreePartie(const QString &nom)
+bool CreePartie(FileList &filList, const QString &nom)
 {
     if (nom.isEmpty()) return false;
     const QString fichier = nom + QStringLiteral(".sml");
-    FileList &filList = mainWindow()->filList;
     filList.Path = gCheminData;
     filList.Refresh();
     bool taken = false;

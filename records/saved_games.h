@@ -5,6 +5,8 @@
 #include <QString>
 #include <cstdint>
 
+class FileList;
+
 // Reads the saved game named gNomPartie: its player, as the files can hold it, into gNomJoueur, and
 // game jeu's level and time into gNiveau and gTempsTotal. False, with nothing changed, when the file
 // is gone, unreadable, short or garbled.
@@ -12,7 +14,8 @@ bool ChargePartie(int32_t jeu);
 
 // Creates a new saved game holding the blank record; false when the name is empty, already taken,
 // unfit for a file name, or the file cannot be written. An existing file is never touched.
-bool CreePartie(const QString &nom);
+// `filList` is the main window's file list, which it refreshes on the data folder.
+bool CreePartie(FileList &filList, const QString &nom);
 
 // Writes the running game's level and time into the saved game gNomPartie, keeping the other two
 // games' progress; the player is gNomJoueur. False when the old file could not be read or the new one

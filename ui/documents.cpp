@@ -1,12 +1,12 @@
 #include "documents.h"
 
-#include "frmFond.h"
 #include "modBase.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
+#include <QPointer>
 #include <QProcess>
 #include <QSet>
 #include <QStandardPaths>
@@ -105,11 +105,11 @@ void openInViewer(const QString &document, const QString &mimeType, std::functio
     QTimer::singleShot(10000, query, &QProcess::kill);
 }
 
-void OuvreAide()
+void OuvreAide(QWidget *owner)
 {
     const QString aide = gCheminApp + QDir::toNativeSeparators(QStringLiteral("aidemarelle/aide.htm"));
-    openInViewer(aide, QStringLiteral("text/html"), [aide] {
-        QMessageBox::warning(mainWindow(), QStringLiteral("Marelle"),
+    openInViewer(aide, QStringLiteral("text/html"), [owner = QPointer<QWidget>(owner), aide] {
+        QMessageBox::warning(owner, QStringLiteral("Marelle"),
                              QStringLiteral("Impossible d'ouvrir :\r\n") + aide);
     });
 }

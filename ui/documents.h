@@ -5,9 +5,11 @@
 #include <QStringList>
 #include <functional>
 
+class QWidget;
+
 // Opens the help pages in the registered viewer. No viewer: nothing happens. A viewer that
-// cannot be started: a warning box names the page.
-void OuvreAide();
+// cannot be started: a warning box over `owner` names the page.
+void OuvreAide(QWidget *owner);
 
 // Starts the viewer registered for a type of document on that document, without waiting for it:
 // the viewer is looked up beside the event loop, and a request for a document whose viewer is still

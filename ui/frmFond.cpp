@@ -8,12 +8,11 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QScreen>
 #include <QWindow>
 
 namespace {
-
-frmFond *theMainWindow = nullptr;
 
 struct MenuButton {
     int left;
@@ -67,12 +66,9 @@ int keyCodeOf(const QKeyEvent *event) { return event->key() == Qt::Key_Control ?
 
 } // namespace
 
-frmFond *mainWindow() { return theMainWindow; }
-
 frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent)
     : Surface(parent), mInstance(std::move(instance)), mRatio(devicePixelRatioF())
 {
-    theMainWindow = this;
     installAccessibility();
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setWindowTitle(QStringLiteral("Marelle"));
@@ -80,7 +76,7 @@ frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent)
     setFixedSize(600, 600);
     move(screen()->availableGeometry().center() - rect().center());
 
-    const QCursor pointer = customPointer();
+    const QCursor pointer = customPointer(this);
     imgMove = new HotSpot(this);
     imgMove->setGeometry(0, 0, 601, 22);
     imgMove->setCursor(Qt::SizeAllCursor);
@@ -120,7 +116,7 @@ frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent)
     Picture1 = new Surface(this);
     Picture1->loadPicture(QStringLiteral("catalogue.jpg"));
     Picture1->move(0, 510);
-    Picture1->setCursor(handPointer());
+    Picture1->setCursor(handPointer(this));
     Picture1->setToolTip(QStringLiteral("le catalogue Cerisaie Logiciels"));
     Picture1->setAccessibleName(Picture1->toolTip());
     Picture1->hide();
@@ -132,10 +128,7 @@ frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent)
     qApp->installEventFilter(this);
 }
 
-frmFond::~frmFond()
-{
-    if (theMainWindow == this) theMainWindow = nullptr;
-}
+frmFond::~frmFond() = default;
 
 void frmFond::AfficheMenu(int32_t etat)
 {
@@ -210,10 +203,10 @@ void frmFond::showAtRatio(qreal ratio)
         redrawAt(s);
         for (Surface *screen : {pctEcran1, pctEcran2, pctEcran3}) screen->redrawAt(s);
     }
-    const QCursor pointer = customPointer();
+    const QCursor pointer = customPointer(this);
     for (Surface *screen : {pctEcran1, pctEcran2, pctEcran3}) screen->setCursor(pointer);
     for (HotSpot *button : imgMenu) button->setCursor(pointer);
-    Picture1->setCursor(handPointer());
+    Picture1->setCursor(handPointer(this));
 }
 
 void frmFond::Picture1_Click() { tambour.invoke(24, gCheminApp + QStringLiteral("catalogue.chm")); }

@@ -2,6 +2,7 @@
 // the clock and the three game screens, and the program's start-up.
 #pragma once
 
+#include "dialog_owner.h"
 #include "file_list.h"
 #include "hot_spot.h"
 #include "pair_board.h"
@@ -10,11 +11,12 @@
 #include "tambour.h"
 #include "tile_board.h"
 
-#include <QLabel>
 #include <QLockFile>
 #include <QTimer>
 #include <cstdint>
 #include <memory>
+
+class QLabel;
 
 class frmFond : public Surface {
     Q_OBJECT
@@ -61,6 +63,8 @@ public:
     bool wonLevel(bool solved);
     void nextLevel(int32_t jeu, double secondes);
     void closeGame(int32_t jeu);
+    // What the dialogs shown over this window need of it.
+    DialogOwner dialogOwner() { return {this, tambour}; }
     // A game left, abandoned or finished: the offer to save, then back to no game.
     void leaveGame();
     // A game's own screen, preparation and level set-up, by game number.
@@ -140,6 +144,3 @@ private:
     std::unique_ptr<QLockFile> mInstance;
     qreal mRatio; // the device pixel ratio the window was last drawn for
 };
-
-// The one main window, for the routines that several windows share.
-frmFond *mainWindow();

@@ -1,21 +1,22 @@
 #include "frmMess.h"
 
 #include "fonts.h"
-#include "frmFond.h"
 #include "pointers.h"
 #include "sound.h"
+#include "sound_cues.h"
 #include "surface.h"
 
 #include <QCloseEvent>
 
-frmMess::frmMess(QWidget *parent) : PictureDialog(parent, QStringLiteral("mess.jpg"), QStringLiteral("Message"))
+frmMess::frmMess(const DialogOwner &owner)
+    : PictureDialog(owner, QStringLiteral("mess.jpg"), QStringLiteral("Message"))
 {
 
     imgB[0] = nullptr;
     for (int i = 1; i <= 2; ++i) {
         imgB[i] = new QLabel(this);
         imgB[i]->setPixmap(
-            QPixmap::fromImage(artPicture(QStringLiteral("bouton.bmp"), artScaleFor(mainWindowRatio()))));
+            QPixmap::fromImage(artPicture(QStringLiteral("bouton.bmp"), artScaleFor(ratioOf(owner.window)))));
         imgB[i]->setGeometry(100, 186 + 34 * i, 180, 30);
     }
 
@@ -41,17 +42,17 @@ frmMess::frmMess(QWidget *parent) : PictureDialog(parent, QStringLiteral("mess.j
 
 void frmMess::reponse_Click(int Index)
 {
-    JoueSon(QStringLiteral("marel009.wav"));
+    JoueSon(mTambour, cue::kClick);
     Tag = !txtReponse->isHidden() ? txtReponse->text() : reponse[Index]->text();
     hide();
 }
 
 void frmMess::closeEvent(QCloseEvent *event) { event->ignore(); }
 
-QString AfficheMess(const QString &message, const QString &caption0, const QString &caption1, const QString &caption2,
+QString AfficheMess(const DialogOwner &owner, const QString &message, const QString &caption0, const QString &caption1, const QString &caption2,
                     bool boite, const QString &defaut)
 {
-    auto *mess = new frmMess(mainWindow());
+    auto *mess = new frmMess(owner);
     mess->labMess->setText(QString(message).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     for (int i = 0; i < 3; ++i) mess->reponse[i]->hide();
     mess->imgB[1]->hide();
@@ -75,7 +76,7 @@ QString AfficheMess(const QString &message, const QString &caption0, const QStri
         mess->txtReponse->setText(defaut);
         mess->txtReponse->show();
     }
-    JoueSon(QStringLiteral("marel008.wav"));
+    JoueSon(owner.tambour, cue::kDialog);
     mess->exec();
     const QString answer = mess->Tag;
     delete mess;

@@ -10,7 +10,7 @@ class frmMess : public PictureDialog {
     Q_OBJECT
 
 public:
-    explicit frmMess(QWidget *parent = nullptr);
+    explicit frmMess(const DialogOwner &owner);
 
     void reponse_Click(int Index);
 
@@ -26,5 +26,5 @@ protected:
 
 // Asks a question and gives the caption of the button clicked, or the text of the box when it is shown.
 // An empty caption hides its button.
-QString AfficheMess(const QString &message, const QString &caption0, const QString &caption1, const QString &caption2,
+QString AfficheMess(const DialogOwner &owner, const QString &message, const QString &caption0, const QString &caption1, const QString &caption2,
                     bool boite, const QString &defaut);

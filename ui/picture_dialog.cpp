@@ -1,7 +1,6 @@
 #include "picture_dialog.h"
 
 #include "fonts.h"
-#include "frmFond.h"
 #include "pointers.h"
 #include "surface.h"
 
@@ -9,23 +8,18 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-PictureDialog::PictureDialog(QWidget *parent, const QString &picture, const QString &caption)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), mPicture(picture),
-      mFond(artPicture(picture, artScaleFor(mainWindowRatio())))
+PictureDialog::PictureDialog(const DialogOwner &owner, const QString &picture, const QString &caption)
+    : QDialog(owner.window, Qt::Dialog | Qt::FramelessWindowHint), mTambour(owner.tambour), mPicture(picture),
+      mFond(artPicture(picture, artScaleFor(ratioOf(owner.window))))
 {
     setWindowTitle(caption);
     setFixedSize(mFond.deviceIndependentSize().toSize());
 }
 
-qreal PictureDialog::mainWindowRatio()
-{
-    return mainWindow() ? mainWindow()->devicePixelRatioF() : qApp->devicePixelRatio();
-}
-
 void PictureDialog::setVisible(bool visible)
 {
     if (visible)
-        if (QWidget *fond = mainWindow()) move(fond->geometry().center() - rect().center());
+        if (QWidget *owner = parentWidget()) move(owner->geometry().center() - rect().center());
     QDialog::setVisible(visible);
 }
 
@@ -52,6 +46,6 @@ ClickLabel *PictureDialog::buttonLabel(int place, const QString &caption)
     label->setFont(boldArial(19));
     label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     label->setStyleSheet(QStringLiteral("color: black; background: transparent;"));
-    label->setCursor(customPointer());
+    label->setCursor(customPointer(parentWidget()));
     return label;
 }

@@ -1,6 +1,5 @@
 #include "pointers.h"
 
-#include "frmFond.h"
 #include "surface.h"
 
 #include <QGuiApplication>
@@ -9,11 +8,11 @@
 
 namespace {
 
-// The pointer's picture at the art's scale for the main window's screen, with the hot spot that the
+// The pointer's picture at the art's scale for the window's screen, with the hot spot that the
 // picture carries in its own pixels; between two scales, both are brought to the ratio.
-QCursor pointerOf(const QString &name)
+QCursor pointerOf(const QString &name, const QWidget *window)
 {
-    const qreal ratio = mainWindow() ? mainWindow()->devicePixelRatioF() : qApp->devicePixelRatio();
+    const qreal ratio = ratioOf(window);
     const int scale = artScaleFor(ratio);
     QImage picture = readPicture(artPath(name, scale));
     const QStringList hotSpot = picture.text(QStringLiteral("HotSpot")).split(u',');
@@ -29,6 +28,6 @@ QCursor pointerOf(const QString &name)
 
 } // namespace
 
-QCursor customPointer() { return pointerOf(QStringLiteral("pointeur.png")); }
+QCursor customPointer(const QWidget *window) { return pointerOf(QStringLiteral("pointeur.png"), window); }
 
-QCursor handPointer() { return pointerOf(QStringLiteral("main.png")); }
+QCursor handPointer(const QWidget *window) { return pointerOf(QStringLiteral("main.png"), window); }

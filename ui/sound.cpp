@@ -1,14 +1,14 @@
 #include "sound.h"
 
 #include "cue_player.h"
-#include "frmFond.h"
 #include "modBase.h"
+#include "sound_cues.h"
+#include "tambour.h"
 
 #include <QCoreApplication>
 
-void JoueSon(QString nom)
+void JoueSon(Tambour &tambour, QString nom)
 {
-    Tambour &tambour = mainWindow()->tambour;
     nom = gCheminApp + nom;
     if (tambour.propertyGet(5).toString() != nom) tambour.propertyPut(5, nom);
     tambour.propertyPut(1, 7);
@@ -18,11 +18,9 @@ void JoueSon(QString nom)
     tambour.propertyPut(1, 6);
 }
 
-void preloadCues()
+void preloadCues(Tambour &tambour, QWidget *window)
 {
     QStringList waves;
-    for (const char *cue :
-         {"marel001.wav", "marel002.wav", "marel007.wav", "marel008.wav", "marel009.wav", "marel010.wav"})
-        waves.append(gCheminApp + QLatin1String(cue));
-    mainWindow()->tambour.usePlayer(gCheminApp + QLatin1String(kCuePlayerModule), waves, mainWindow());
+    for (const char *name : cue::kAll) waves.append(gCheminApp + QLatin1String(name));
+    tambour.usePlayer(gCheminApp + QLatin1String(kCuePlayerModule), waves, window);
 }

@@ -2,6 +2,7 @@
 
 #include "bitblt.h"
 
+#include <QApplication>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QMouseEvent>
@@ -14,6 +15,11 @@ QImage readPicture(const QString &path)
     QImageReader reader(path, QFileInfo(path).suffix().toLatin1());
     reader.setAutoDetectImageFormat(false);
     return reader.read();
+}
+
+qreal ratioOf(const QWidget *window)
+{
+    return window ? window->devicePixelRatioF() : qApp->devicePixelRatio();
 }
 
 int artScaleFor(qreal devicePixelRatio)

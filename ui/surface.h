@@ -9,6 +9,8 @@
 // The scale of the art (1, 2 or 3) for a screen's device pixel ratio: the ratio itself when it is
 // whole, else the next whole scale above it, which the painting then brings down smoothly.
 int artScaleFor(qreal devicePixelRatio);
+// The device pixel ratio of a window's screen; without a window, the application's.
+qreal ratioOf(const QWidget *window);
 // A picture of the program's art ("fond.jpg") as drawn for a scale ("fond@2x.jpg" for 2), opaque,
 // with the scale as its device pixel ratio.
 QImage artPicture(const QString &name, int scale);

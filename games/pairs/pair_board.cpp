@@ -1,16 +1,8 @@
 #include "pair_board.h"
 
-namespace {
+#include "neighbours.h"
 
-// Calls f on each neighbour of (x, y) on the board: left, right, above, below.
-template <typename F>
-void forEachNeighbour(int32_t x, int32_t y, F f)
-{
-    if (x - 1 >= 0) f(x - 1, y);
-    if (x + 1 < PairBoard::kCotes) f(x + 1, y);
-    if (y - 1 >= 0) f(x, y - 1);
-    if (y + 1 < PairBoard::kCotes) f(x, y + 1);
-}
+namespace {
 
 int32_t turnForward(int32_t v)
 {
@@ -46,14 +38,14 @@ void PairBoard::LitNiveau3(std::string_view niveaux, int32_t n)
 
 void PairBoard::TourneVoisins3(int32_t x, int32_t y)
 {
-    forEachNeighbour(x, y, [this](int32_t vx, int32_t vy) {
+    forEachNeighbour(kCotes, kCotes, x, y, [this](int32_t vx, int32_t vy) {
         if (tabPions3[vx][vy] != 0) tabPions3[vx][vy] = turnForward(tabPions3[vx][vy]);
     });
 }
 
 void PairBoard::DetourneVoisins3(int32_t x, int32_t y)
 {
-    forEachNeighbour(x, y, [this](int32_t vx, int32_t vy) {
+    forEachNeighbour(kCotes, kCotes, x, y, [this](int32_t vx, int32_t vy) {
         if (tabPions3[vx][vy] != 0) tabPions3[vx][vy] = turnBack(tabPions3[vx][vy]);
     });
 }

@@ -6,7 +6,7 @@
 void frmFond::TesteFin3()
 {
     if (!wonLevel(pairs.Vide3())) return;
-    MajBest3();
+    MajBest3(tambour);
     if (gNiveau + 1 < gNbNiveaux)
         nextLevel(3, 2);
     else

@@ -4,6 +4,7 @@
 #include "level_store.h"
 #include "modBase.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 #include <cmath>
 
@@ -28,10 +29,10 @@ void frmFond::DessinePion3(int32_t x, int32_t y, bool selected)
 
 void frmFond::DessineTout3(int32_t selectedCell)
 {
-    BitBlt(pctEcran3, 0, 0, 468, 468, this, 110, 66, SRCCOPY);
-    for (int32_t y = 0; y < 9; ++y)
-        for (int32_t x = 0; x < 9; ++x)
-            if (pairs.tabPions3[x][y] > 0) DessinePion3(x, y, y * 9 + x == selectedCell);
+    BitBlt(pctEcran3, 0, 0, kCell * PairBoard::kCotes, kCell * PairBoard::kCotes, this, 110, 66, SRCCOPY);
+    for (int32_t y = 0; y < PairBoard::kCotes; ++y)
+        for (int32_t x = 0; x < PairBoard::kCotes; ++x)
+            if (pairs.tabPions3[x][y] > 0) DessinePion3(x, y, y * PairBoard::kCotes + x == selectedCell);
     pctEcran3->refresh();
 }
 
@@ -39,10 +40,10 @@ void frmFond::ChargeNiveau3()
 {
     showLevelNumber();
     pairs.LitNiveau3(storeBytes(gNiveaux3), gNiveau);
-    for (int32_t y = 0; y < 9; ++y)
-        for (int32_t x = 0; x < 9; ++x)
+    for (int32_t y = 0; y < PairBoard::kCotes; ++y)
+        for (int32_t x = 0; x < PairBoard::kCotes; ++x)
             if (pairs.tabPions3[x][y] > 0) DessinePion3(x, y, false);
-    JoueSon(QStringLiteral("marel002.wav"));
+    JoueSon(tambour, cue::kNewLevel);
     pctEcran3->refresh();
 }
 
@@ -56,13 +57,13 @@ void frmFond::pctEcran3_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers,
     }
     const auto x = static_cast<int32_t>(std::floor(X / kCell));
     const auto y = static_cast<int32_t>(std::floor(Y / kCell));
-    if (x < 0 || x > 8 || y < 0 || y > 8) return;
-    if (pairs.iChoix3 >= 0 && y * 9 + x == pairs.iChoix3) {
+    if (x < 0 || x >= PairBoard::kCotes || y < 0 || y >= PairBoard::kCotes) return;
+    if (pairs.iChoix3 >= 0 && y * PairBoard::kCotes + x == pairs.iChoix3) {
         cancelSelection();
         return;
     }
     if (pairs.tabPions3[x][y] == 0) return;
-    JoueSon(QStringLiteral("marel010.wav"));
+    JoueSon(tambour, cue::kBoardMove);
     if (pairs.iChoix3 == -1) {
         selectTile(x, y);
         return;
@@ -76,7 +77,7 @@ void frmFond::selectTile(int32_t x, int32_t y)
 {
     setEnabled(false);
     pairs.Selectionne3(x, y);
-    DessineTout3(y * 9 + x);
+    DessineTout3(y * PairBoard::kCotes + x);
     setEnabled(true);
 }
 
@@ -84,7 +85,7 @@ void frmFond::cancelSelection()
 {
     setEnabled(false);
     pairs.Deselectionne3();
-    JoueSon(QStringLiteral("marel007.wav"));
+    JoueSon(tambour, cue::kTakeBack);
     DessineTout3(-1);
     setEnabled(true);
 }
@@ -104,13 +105,13 @@ void frmFond::takeBackPair()
     setEnabled(false);
     const int32_t a = pairs.tabCoupA3[pairs.iCoup3];
     pairs.undoTurnsOfSecond();
-    JoueSon(QStringLiteral("marel007.wav"));
+    JoueSon(tambour, cue::kTakeBack);
     DessineTout3(-1);
     pairs.undoSecondTileAndTurnsOfFirst();
-    JoueSon(QStringLiteral("marel007.wav"));
+    JoueSon(tambour, cue::kTakeBack);
     DessineTout3(-1);
     pairs.undoFirstTile();
-    DessinePion3(a % 9, a / 9, false);
+    DessinePion3(a % PairBoard::kCotes, a / PairBoard::kCotes, false);
     pctEcran3->refresh();
     pairs.forgetLastPair();
     setEnabled(true);

@@ -1,5 +1,7 @@
 #include "stone_board.h"
 
+#include "neighbours.h"
+
 void StoneBoard::LitNiveau2(std::string_view niveaux, int32_t n)
 {
     for (int32_t y = 0; y < kLignes; ++y) {
@@ -14,10 +16,7 @@ void StoneBoard::LitNiveau2(std::string_view niveaux, int32_t n)
 // Negates the left, right, upper and lower neighbours, then the cell itself.
 void StoneBoard::flipAround(int32_t x, int32_t y)
 {
-    if (x - 1 >= 0) tabPions2[x - 1][y] = ~tabPions2[x - 1][y];
-    if (x + 1 < kColonnes) tabPions2[x + 1][y] = ~tabPions2[x + 1][y];
-    if (y - 1 >= 0) tabPions2[x][y - 1] = ~tabPions2[x][y - 1];
-    if (y + 1 < kLignes) tabPions2[x][y + 1] = ~tabPions2[x][y + 1];
+    forEachNeighbour(kColonnes, kLignes, x, y, [this](int32_t vx, int32_t vy) { tabPions2[vx][vy] = ~tabPions2[vx][vy]; });
     tabPions2[x][y] = ~tabPions2[x][y];
 }
 

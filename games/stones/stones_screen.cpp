@@ -5,6 +5,7 @@
 #include "level_store.h"
 #include "modBase.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 #include <cmath>
 
@@ -23,9 +24,9 @@ void frmFond::drawStone(int32_t x, int32_t y)
 
 void frmFond::DessinePions2()
 {
-    BitBlt(pctEcran2, 0, 0, 480, 540, this, 104, 30, SRCCOPY);
-    for (int32_t y = 0; y < 9; ++y)
-        for (int32_t x = 0; x < 8; ++x)
+    BitBlt(pctEcran2, 0, 0, kCell * StoneBoard::kColonnes, kCell * StoneBoard::kLignes, this, 104, 30, SRCCOPY);
+    for (int32_t y = 0; y < StoneBoard::kLignes; ++y)
+        for (int32_t x = 0; x < StoneBoard::kColonnes; ++x)
             if (stones.tabPions2[x][y] == StoneBoard::kVrai) drawStone(x, y);
 }
 
@@ -33,10 +34,10 @@ void frmFond::ChargeNiveau2()
 {
     showLevelNumber();
     stones.LitNiveau2(storeBytes(gNiveaux2), gNiveau);
-    for (int32_t y = 0; y < 9; ++y)
-        for (int32_t x = 0; x < 8; ++x)
+    for (int32_t y = 0; y < StoneBoard::kLignes; ++y)
+        for (int32_t x = 0; x < StoneBoard::kColonnes; ++x)
             if (stones.tabPions2[x][y] == StoneBoard::kVrai) drawStone(x, y);
-    JoueSon(QStringLiteral("marel002.wav"));
+    JoueSon(tambour, cue::kNewLevel);
     pctEcran2->refresh();
 }
 
@@ -44,15 +45,15 @@ void frmFond::pctEcran2_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers,
 {
     if (Button == Qt::RightButton) {
         if (stones.iCoup2 > -1) {
-            JoueSon(QStringLiteral("marel010.wav"));
+            JoueSon(tambour, cue::kBoardMove);
             takeBackFlip();
         }
         return;
     }
     const auto x = static_cast<int32_t>(std::floor(X / kCell));
     const auto y = static_cast<int32_t>(std::floor(Y / kCell));
-    if (x < 0 || x > 7 || y < 0 || y > 8) return;
-    JoueSon(QStringLiteral("marel010.wav"));
+    if (x < 0 || x >= StoneBoard::kColonnes || y < 0 || y >= StoneBoard::kLignes) return;
+    JoueSon(tambour, cue::kBoardMove);
     flipStones(x, y);
     TesteFin2();
 }
@@ -70,7 +71,7 @@ void frmFond::takeBackFlip()
 {
     setEnabled(false);
     stones.Annule2();
-    JoueSon(QStringLiteral("marel007.wav"));
+    JoueSon(tambour, cue::kTakeBack);
     DessinePions2();
     pctEcran2->refresh();
     setEnabled(true);
@@ -79,7 +80,7 @@ void frmFond::takeBackFlip()
 void frmFond::TesteFin2()
 {
     if (!wonLevel(stones.Vide2())) return;
-    MajBest2();
+    MajBest2(tambour);
     if (gNiveau + 1 < gNbNiveaux)
         nextLevel(2, 2);
     else

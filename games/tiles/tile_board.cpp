@@ -1,18 +1,6 @@
 #include "tile_board.h"
 
-namespace {
-
-// Calls f on each neighbour of (x, y) on the board: left, right, above, below.
-template <typename F>
-void forEachNeighbour(int32_t x, int32_t y, F f)
-{
-    if (x - 1 >= 0) f(x - 1, y);
-    if (x + 1 < TileBoard::kColonnes) f(x + 1, y);
-    if (y - 1 >= 0) f(x, y - 1);
-    if (y + 1 < TileBoard::kLignes) f(x, y + 1);
-}
-
-} // namespace
+#include "neighbours.h"
 
 void TileBoard::LitNiveau1(std::string_view niveaux, int32_t n)
 {
@@ -29,7 +17,7 @@ void TileBoard::LitNiveau1(std::string_view niveaux, int32_t n)
 
 void TileBoard::Pose1(int32_t x, int32_t y)
 {
-    forEachNeighbour(x, y, [this](int32_t vx, int32_t vy) {
+    forEachNeighbour(kColonnes, kLignes, x, y, [this](int32_t vx, int32_t vy) {
         int32_t &v = tabJeu1[vx][vy];
         if (v < kSocle) {
             v += 1;
@@ -46,7 +34,7 @@ void TileBoard::Annule1()
     const int32_t p = tabCoups1[iCoup1];
     const int32_t x = p % kColonnes;
     const int32_t y = p / kColonnes;
-    forEachNeighbour(x, y, [this](int32_t vx, int32_t vy) {
+    forEachNeighbour(kColonnes, kLignes, x, y, [this](int32_t vx, int32_t vy) {
         int32_t &v = tabJeu1[vx][vy];
         if (v < kSocle) {
             v -= 1;

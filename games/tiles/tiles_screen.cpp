@@ -5,6 +5,7 @@
 #include "level_store.h"
 #include "modBase.h"
 #include "sound.h"
+#include "sound_cues.h"
 
 #include <cmath>
 
@@ -27,15 +28,15 @@ void frmFond::ChargeNiveau1()
 {
     showLevelNumber();
     tiles.LitNiveau1(storeBytes(gNiveaux1), gNiveau);
-    for (int32_t y = 0; y < 5; ++y) {
-        for (int32_t x = 0; x < 8; ++x) {
+    for (int32_t y = 0; y < TileBoard::kLignes; ++y) {
+        for (int32_t x = 0; x < TileBoard::kColonnes; ++x) {
             const int32_t cible = tiles.tabCible1[x][y];
             if (cible <= 0) continue;
             BitBlt(pctEcran1, kCell * x, kCell * y, kCell, kCell, pctPion1, (cible - 1) * kCell, 0, SRCCOPY);
             BitBlt(pctEcran1, kCell * x, kLowerTop + kCell * y, kCell, kCell, pctPion1, kSocketX, 0, SRCCOPY);
         }
     }
-    JoueSon(QStringLiteral("marel002.wav"));
+    JoueSon(tambour, cue::kNewLevel);
     pctEcran1->refresh();
 }
 
@@ -47,9 +48,9 @@ void frmFond::pctEcran1_MouseDown(Qt::MouseButton Button, Qt::KeyboardModifiers,
     }
     const auto x = static_cast<int32_t>(std::floor(X / kCell));
     const auto y = static_cast<int32_t>(std::floor((Y - kLowerTop) / kCell));
-    if (x < 0 || x > 7 || y < 0 || y > 4) return;
+    if (x < 0 || x >= TileBoard::kColonnes || y < 0 || y >= TileBoard::kLignes) return;
     if (tiles.tabJeu1[x][y] != TileBoard::kSocle) return;
-    JoueSon(QStringLiteral("marel010.wav"));
+    JoueSon(tambour, cue::kBoardMove);
     placeTile(x, y);
     TesteFin1();
 }
@@ -68,15 +69,15 @@ void frmFond::takeBackTile()
     setEnabled(false);
     tiles.Annule1();
     DessineTout1();
-    JoueSon(QStringLiteral("marel007.wav"));
+    JoueSon(tambour, cue::kTakeBack);
     pctEcran1->refresh();
     setEnabled(true);
 }
 
 void frmFond::DessineJeu1()
 {
-    for (int32_t y = 0; y < 5; ++y) {
-        for (int32_t x = 0; x < 8; ++x) {
+    for (int32_t y = 0; y < TileBoard::kLignes; ++y) {
+        for (int32_t x = 0; x < TileBoard::kColonnes; ++x) {
             const int32_t v = tiles.tabJeu1[x][y];
             if (v >= 1 && v <= 4) copyCell(pctEcran1, kCell * x, kLowerTop + kCell * y, pctPion1, (v - 1) * kCell);
         }
@@ -85,8 +86,8 @@ void frmFond::DessineJeu1()
 
 void frmFond::DessineTout1()
 {
-    for (int32_t y = 0; y < 5; ++y) {
-        for (int32_t x = 0; x < 8; ++x) {
+    for (int32_t y = 0; y < TileBoard::kLignes; ++y) {
+        for (int32_t x = 0; x < TileBoard::kColonnes; ++x) {
             const int32_t v = tiles.tabJeu1[x][y];
             if (v >= 1 && v <= 4)
                 copyCell(pctEcran1, kCell * x, kLowerTop + kCell * y, pctPion1, (v - 1) * kCell);
@@ -99,10 +100,10 @@ void frmFond::DessineTout1()
 void frmFond::TesteFin1()
 {
     if (!wonLevel(tiles.Complet1())) return;
-    MajBest1();
+    MajBest1(tambour);
     if (gNiveau + 1 < gNbNiveaux) {
-        for (int32_t y = 0; y < 5; ++y)
-            for (int32_t x = 0; x < 8; ++x)
+        for (int32_t y = 0; y < TileBoard::kLignes; ++y)
+            for (int32_t x = 0; x < TileBoard::kColonnes; ++x)
                 if (tiles.tabCible1[x][y] > 0) copyCell(pctEcran1, kCell * x, kCell * y, pctPion1, kWonX);
         pctEcran1->refresh();
         nextLevel(1, 3);

@@ -42,9 +42,9 @@ QStringList texts(const frmBest *best)
 }
 
 // Opens the screen as play control does, lets the player act on it, and fails unless that closed it.
-void run(std::function<void(frmBest *)> player)
+void run(const DialogOwner &owner, std::function<void(frmBest *)> player)
 {
-    auto *best = new frmBest(mainWindow());
+    auto *best = new frmBest(owner);
     best->Form_Load();
     const bool closed = execWith<frmBest>(best, player);
     delete best;
@@ -52,10 +52,10 @@ void run(std::function<void(frmBest *)> player)
 }
 
 // Opens the screen, reads its rows and closes it by its plate.
-QStringList openAndClose()
+QStringList openAndClose(const DialogOwner &owner)
 {
     QStringList shown;
-    run([&shown](frmBest *b) {
+    run(owner, [&shown](frmBest *b) {
         shown = texts(b);
         QTest::mouseClick(b->Image1, Qt::LeftButton);
     });
@@ -109,7 +109,7 @@ private slots:
     void nineRowsSitInPlace()
     {
         fillTables();
-        frmBest best(mainWindow());
+        frmBest best(fond->dialogOwner());
         best.Form_Load();
         QCOMPARE(best.windowTitle(), QStringLiteral("Scores"));
         QCOMPARE(best.size(), QSize(400, 540));
@@ -137,7 +137,7 @@ private slots:
         gBestNom2[2].clear();
         gBestNiveau2[2] = 5;
         gBestTemps2[2] = 61;
-        frmBest best(mainWindow());
+        frmBest best(fond->dialogOwner());
         best.Form_Load();
         QStringList noms(9, QStringLiteral("................")),
             scores(9, QStringLiteral("niveau 000 en 0h 00min 00s "));
@@ -149,7 +149,7 @@ private slots:
     // Neither keys nor a click beside the plate close the screen; the plate and a close request do, with a cue.
     void thePlateOrACloseRequestClosesWithItsCue()
     {
-        run([this](frmBest *b) {
+        run(fond->dialogOwner(), [this](frmBest *b) {
             QCOMPARE(b->geometry().center(), fond->geometry().center());
             QTest::keyClick(b, Qt::Key_Escape);
             QTest::keyClick(b, Qt::Key_Return);
@@ -158,7 +158,7 @@ private slots:
             QVERIFY(fond->tambour.played.isEmpty());
             QTest::mouseClick(b->Image1, Qt::LeftButton);
         });
-        run([](frmBest *b) { b->close(); });
+        run(fond->dialogOwner(), [](frmBest *b) { b->close(); });
         QCOMPARE(fond->tambour.played, kClick + kClick);
     }
 
@@ -167,8 +167,8 @@ private slots:
         fillTables();
         QVERIFY(EcritBest());
         const QByteArray before = storedBytes();
-        QCOMPARE(openAndClose(), kNoms + kScores);
-        QCOMPARE(openAndClose(), kNoms + kScores);
+        QCOMPARE(openAndClose(fond->dialogOwner()), kNoms + kScores);
+        QCOMPARE(openAndClose(fond->dialogOwner()), kNoms + kScores);
         QCOMPARE(fond->tambour.played, kClick + kClick);
         QCOMPARE(storedBytes(), before);
         QCOMPARE(gBestNom3[1], QStringLiteral("WWWWWWWWWWWWWWWW"));

@@ -72,7 +72,7 @@ class TestFrmFile : public QObject {
     std::unique_ptr<frmFile> shownChooser(const QStringList &names)
     {
         saveGames(names);
-        auto f = std::make_unique<frmFile>(mainWindow());
+        auto f = std::make_unique<frmFile>(fond->dialogOwner(), fond->filList);
         f->Form_Load();
         f->show();
         if (!QTest::qWaitForWindowExposed(f.get())) return nullptr;
@@ -85,9 +85,9 @@ class TestFrmFile : public QObject {
     QString choose(const QStringList &names, std::function<void(frmFile *)> player)
     {
         saveGames(names);
-        auto *f = new frmFile(mainWindow());
+        auto *f = new frmFile(fond->dialogOwner(), fond->filList);
         f->Form_Load();
-        JoueSon(QStringLiteral("marel008.wav"));
+        JoueSon(fond->tambour, QStringLiteral("marel008.wav"));
         const bool ended = execWith<frmFile>(f, player);
         const QString answer = f->Tag;
         delete f;

@@ -67,7 +67,8 @@ int playSession()
     gJeu = 1;
     gNiveau = 5;
     gTempsTotal = 100;
-    if (CreePartie(QStringLiteral("c"))) {
+    FileList files(QStringLiteral("*.sml"));
+    if (CreePartie(files, QStringLiteral("c"))) {
         results |= Created;
         gNomPartie = QStringLiteral("c");
         if (rewriteSavedGame()) results |= CreatedWritten;
@@ -238,7 +239,7 @@ private slots:
                  gBestNom2[1] = QStringLiteral("NOUVEAU");
                  return EcritBest();
              }},
-            {"new saved game", [] { return CreePartie(QStringLiteral("c")); }},
+            {"new saved game", [this] { return CreePartie(fond->filList, QStringLiteral("c")); }},
             {"saved game", [] {
                  gNomPartie = QStringLiteral("a");
                  gJeu = 2;

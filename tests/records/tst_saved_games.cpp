@@ -92,18 +92,18 @@ private slots:
 
     void aNewNameGetsTheBlankRecord()
     {
-        QVERIFY(CreePartie(QStringLiteral("seize caractères")));
+        QVERIFY(CreePartie(fond->filList, QStringLiteral("seize caractères")));
         QCOMPARE(readAll(path("seize caractères")), formatSavedGame(blankSavedGame()));
-        QVERIFY(!CreePartie(QString()));
+        QVERIFY(!CreePartie(fond->filList, QString()));
     }
 
     void anExistingSavedGameIsNeverTouched()
     {
         writeAll(path("Zoe"), kJoueur);
-        QVERIFY(!CreePartie(QStringLiteral("Zoe")));
+        QVERIFY(!CreePartie(fond->filList, QStringLiteral("Zoe")));
         QCOMPARE(readAll(path("Zoe")), kJoueur);
         // Another case is another name here; the first file stays as it was.
-        QVERIFY(CreePartie(QStringLiteral("zoe")));
+        QVERIFY(CreePartie(fond->filList, QStringLiteral("zoe")));
         QCOMPARE(readAll(path("Zoe")), kJoueur);
     }
 
@@ -112,14 +112,14 @@ private slots:
         QDir(folder->path()).mkdir(QStringLiteral("sous"));
         for (const char *nom : {"sous/x", "../dehors", "deux:points", "quoi?", "étoile*", "<a>", "a|b", "guillemet\"",
                                 "barre\\", "CON", "nul", "com1", "Lpt9.txt", "AUX .x", "com¹", "tab\t"}) {
-            QVERIFY2(!CreePartie(QString::fromUtf8(nom)), nom);
+            QVERIFY2(!CreePartie(fond->filList, QString::fromUtf8(nom)), nom);
         }
         QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden).size(), 0);
         QCOMPARE(QDir(folder->path() + QStringLiteral("/sous")).entryList(QDir::Files).size(), 0);
         QVERIFY(!QFile::exists(folder->path() + QStringLiteral("/../dehors.sml")));
         // Dots stay in the folder, and the extension after them keeps Windows from stripping a last one.
         for (const char *nom : {"été 2026, n°1", "a..b", "fin.", "..", ".cachée", "CONSOLE", "nul1"}) {
-            QVERIFY2(CreePartie(QString::fromUtf8(nom)), nom);
+            QVERIFY2(CreePartie(fond->filList, QString::fromUtf8(nom)), nom);
             QVERIFY2(QFile::exists(path(nom)), nom);
         }
     }
@@ -168,7 +168,7 @@ private slots:
         {
             DiskFullAfter limit(20);
             QVERIFY(!rewriteSavedGame());
-            QVERIFY(!CreePartie(QStringLiteral("nouvelle")));
+            QVERIFY(!CreePartie(fond->filList, QStringLiteral("nouvelle")));
         }
         QCOMPARE(readAll(path("suite")), kJoueur);
         QVERIFY(!QFile::exists(path("nouvelle")));
@@ -181,7 +181,7 @@ private slots:
         gNomPartie = QStringLiteral("suite");
         gJeu = 2;
         QVERIFY(!rewriteSavedGame());
-        QVERIFY(!CreePartie(QStringLiteral("nouvelle")));
+        QVERIFY(!CreePartie(fond->filList, QStringLiteral("nouvelle")));
     }
 };
 

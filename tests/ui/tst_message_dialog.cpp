@@ -16,7 +16,7 @@ class TestMessageDialog : public QObject {
                 const QString &defaut, std::function<void(frmMess *)> player)
     {
         whenModal([player](QWidget *dialog) { player(qobject_cast<frmMess *>(dialog)); });
-        return AfficheMess(message, c0, c1, c2, boite, defaut);
+        return AfficheMess(fond->dialogOwner(), message, c0, c1, c2, boite, defaut);
     }
 
 private slots:

@@ -81,7 +81,7 @@ private slots:
         fond = std::make_unique<frmFond>();
         QVERIFY(fond->Form_Load());
         gCheminApp = QStringLiteral(BUILD_ROOT "/");
-        preloadCues(); // the module and the waves of the build folder
+        preloadCues(fond->tambour, fond.get()); // the module and the waves of the build folder
         fond->tambour.played.clear();
         openedDocuments().clear();
         QFile::remove(viewerLog());
@@ -98,7 +98,7 @@ private slots:
         QVERIFY(!mapped(kCuePlayerModule));
         QVERIFY(!mapped("libQt6Multimedia"));
         fond->show();
-        JoueSon(QStringLiteral("marel002.wav"));
+        JoueSon(fond->tambour, QStringLiteral("marel002.wav"));
         QVERIFY(mapped("libQt6Multimedia"));
         QObject *wave = effectOf("marel002.wav");
         QVERIFY(wave);
@@ -109,7 +109,7 @@ private slots:
 
     void theSixCuesAreLoadedWithThePlayerAndDecode()
     {
-        JoueSon(QStringLiteral("marel010.wav"));
+        JoueSon(fond->tambour, QStringLiteral("marel010.wav"));
         for (const char *cue :
              {"marel001.wav", "marel002.wav", "marel007.wav", "marel008.wav", "marel009.wav", "marel010.wav"}) {
             QObject *wave = effectOf(cue);
@@ -120,17 +120,17 @@ private slots:
 
     void aCuePlayedTwicePlaysTwiceWithoutReload()
     {
-        JoueSon(QStringLiteral("marel010.wav"));
+        JoueSon(fond->tambour, QStringLiteral("marel010.wav"));
         QCOMPARE(fond->tambour.propertyGet(5).toString(), gCheminApp + QStringLiteral("marel010.wav"));
-        JoueSon(QStringLiteral("marel010.wav"));
-        JoueSon(QStringLiteral("marel007.wav"));
+        JoueSon(fond->tambour, QStringLiteral("marel010.wav"));
+        JoueSon(fond->tambour, QStringLiteral("marel007.wav"));
         QCOMPARE(fond->tambour.played, QStringList({"marel010.wav", "marel010.wav", "marel007.wav"}));
         QCOMPARE(fond->tambour.propertyGet(5).toString(), gCheminApp + QStringLiteral("marel007.wav"));
     }
 
     void aMissingWaveIsSilentAndStopsNothing()
     {
-        JoueSon(QStringLiteral("absent.wav"));
+        JoueSon(fond->tambour, QStringLiteral("absent.wav"));
         QCOMPARE(fond->tambour.played, QStringList({"absent.wav"}));
     }
 
@@ -138,8 +138,8 @@ private slots:
     {
         registerViewer(QStringLiteral("text/html"), desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
         gJeu = 2;
-        OuvreAide();
-        OuvreAide(); // a second click while the first is on its way starts no second viewer
+        OuvreAide(fond.get());
+        OuvreAide(fond.get()); // a second click while the first is on its way starts no second viewer
         const QString aide = gCheminApp + QStringLiteral("aidemarelle/aide.htm");
         const auto logged = [this] {
             QFile log(viewerLog());
@@ -153,7 +153,7 @@ private slots:
     void noViewerIsSilent()
     {
         registerViewer(QStringLiteral("text/html"), QString());
-        OuvreAide();
+        OuvreAide(fond.get());
         QTRY_COMPARE_WITH_TIMEOUT(viewerLookUps(), 0, 5000);
         QVERIFY(openedDocuments().isEmpty());
         QVERIFY(!QApplication::activeModalWidget());
@@ -179,7 +179,7 @@ private slots:
             icon = box->icon();
             box->accept();
         });
-        OuvreAide();
+        OuvreAide(fond.get());
         QTRY_COMPARE_WITH_TIMEOUT(
             text, QStringLiteral("Impossible d'ouvrir :\r\n") + gCheminApp + QStringLiteral("aidemarelle/aide.htm"),
             5000);

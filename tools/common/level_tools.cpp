@@ -48,3 +48,11 @@ int32_t below(std::mt19937 &rng, int32_t n)
 {
     return static_cast<int32_t>((static_cast<uint64_t>(rng()) * static_cast<uint64_t>(n)) >> 32);
 }
+
+uint32_t belowWithoutBias(std::mt19937 &rng, uint32_t bound)
+{
+    const uint32_t limit = std::mt19937::max() - (std::mt19937::max() - bound + 1) % bound;
+    uint32_t value = rng();
+    while (value > limit) value = rng();
+    return value % bound;
+}

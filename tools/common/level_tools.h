@@ -51,6 +51,10 @@ std::string levelList(const std::vector<int32_t> &levels);
 // the standard library's distributions.
 int32_t below(std::mt19937 &rng, int32_t n);
 
+// A number from 0 to bound - 1, drawn without bias by rejecting the generator's top outputs. The
+// stones generator draws with it, so its store depends on it as it is.
+uint32_t belowWithoutBias(std::mt19937 &rng, uint32_t bound);
+
 template <typename T>
 void shuffle(std::vector<T> &items, std::mt19937 &rng)
 {

@@ -1,6 +1,7 @@
 #include "difficulty_pairs.h"
 
 #include "level_tools.h"
+#include "neighbours.h"
 #include "pair_board.h"
 #include "solve_pairs.h"
 
@@ -30,8 +31,7 @@ struct NeighbourTable {
     {
         for (int32_t c = 0; c < kCells; ++c) {
             const int32_t x = c % kSide, y = c / kSide;
-            for (const auto &[nx, ny] : {std::pair{x - 1, y}, {x + 1, y}, {x, y - 1}, {x, y + 1}})
-                if (nx >= 0 && nx < kSide && ny >= 0 && ny < kSide) cell[c][count[c]++] = ny * kSide + nx;
+            forEachNeighbour(kSide, kSide, x, y, [&](int32_t nx, int32_t ny) { cell[c][count[c]++] = ny * kSide + nx; });
         }
     }
 };

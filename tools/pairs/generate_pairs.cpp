@@ -6,6 +6,7 @@
 #include "check_pairs.h"
 #include "difficulty_curve.h"
 #include "difficulty_pairs.h"
+#include "neighbours.h"
 #include "pair_board.h"
 
 #include <algorithm>
@@ -33,12 +34,8 @@ using Shape = std::vector<int32_t>; // cell codes of the tiles of a level
 std::vector<int32_t> neighboursOf(int32_t c)
 {
     std::vector<int32_t> list;
-    const int32_t x = c % kSide;
-    const int32_t y = c / kSide;
-    if (x > 0) list.push_back(c - 1);
-    if (x + 1 < kSide) list.push_back(c + 1);
-    if (y > 0) list.push_back(c - kSide);
-    if (y + 1 < kSide) list.push_back(c + kSide);
+    forEachNeighbour(kSide, kSide, c % kSide, c / kSide,
+                     [&list](int32_t nx, int32_t ny) { list.push_back(ny * kSide + nx); });
     return list;
 }
 

@@ -1,5 +1,7 @@
 #include "solve_pairs.h"
 
+#include "neighbours.h"
+
 #include <algorithm>
 #include <array>
 #include <unordered_set>
@@ -20,11 +22,9 @@ struct NeighbourTable {
         for (int32_t c = 0; c < kCells; ++c) {
             const int32_t x = c % kSide;
             const int32_t y = c / kSide;
-            auto add = [&](int32_t n) { cell[c][count[c]++] = static_cast<int8_t>(n); };
-            if (x - 1 >= 0) add(c - 1);
-            if (x + 1 < kSide) add(c + 1);
-            if (y - 1 >= 0) add(c - kSide);
-            if (y + 1 < kSide) add(c + kSide);
+            forEachNeighbour(kSide, kSide, x, y, [&](int32_t nx, int32_t ny) {
+                cell[c][count[c]++] = static_cast<int8_t>(ny * kSide + nx);
+            });
         }
     }
 };

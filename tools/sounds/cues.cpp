@@ -1,5 +1,7 @@
 #include "cues.h"
 
+#include "sound_cues.h"
+
 #include <random>
 
 namespace {
@@ -117,8 +119,8 @@ Signal boardKnock()
 const std::vector<Cue> &allCues()
 {
     static const std::vector<Cue> cues{
-        {"marel001.wav", winFanfare}, {"marel002.wav", levelChime}, {"marel007.wav", takeBack},
-        {"marel008.wav", dialogOpen}, {"marel009.wav", buttonClick}, {"marel010.wav", boardKnock},
+        {cue::kWin, winFanfare},     {cue::kNewLevel, levelChime}, {cue::kTakeBack, takeBack},
+        {cue::kDialog, dialogOpen}, {cue::kClick, buttonClick},   {cue::kBoardMove, boardKnock},
     };
     return cues;
 }

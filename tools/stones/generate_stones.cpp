@@ -27,22 +27,13 @@ constexpr size_t kMostStones = 51;
 constexpr size_t kFewestClicks = 3;
 constexpr size_t kMostClicks = 41;
 
-// A number from 0 to bound - 1, drawn without bias.
-uint32_t randomBelow(std::mt19937 &rng, uint32_t bound)
-{
-    const uint32_t limit = std::mt19937::max() - (std::mt19937::max() - bound + 1) % bound;
-    uint32_t value = rng();
-    while (value > limit) value = rng();
-    return value % bound;
-}
-
 // That many distinct cell codes, in random order.
 std::vector<int32_t> randomCells(std::mt19937 &rng, size_t count)
 {
     std::vector<int32_t> cells(kCells);
     for (int32_t c = 0; c < kCells; ++c) cells[static_cast<size_t>(c)] = c;
     for (size_t i = 0; i < count; ++i)
-        std::swap(cells[i], cells[i + randomBelow(rng, static_cast<uint32_t>(cells.size() - i))]);
+        std::swap(cells[i], cells[i + belowWithoutBias(rng, static_cast<uint32_t>(cells.size() - i))]);
     cells.resize(count);
     return cells;
 }
@@ -65,7 +56,7 @@ size_t stonesIn(std::string_view record)
 size_t clickCountFor(std::mt19937 &rng, int32_t n)
 {
     const int32_t trend = 3 + (34 * n + kLevelCount / 2) / (kLevelCount - 1);
-    const int32_t noise = static_cast<int32_t>(randomBelow(rng, 7)) - 3;
+    const int32_t noise = static_cast<int32_t>(belowWithoutBias(rng, 7)) - 3;
     return static_cast<size_t>(std::max<int32_t>(static_cast<int32_t>(kFewestClicks), trend + noise));
 }
 
@@ -73,7 +64,7 @@ size_t clickCountFor(std::mt19937 &rng, int32_t n)
 size_t stoneCountFor(std::mt19937 &rng, int32_t n)
 {
     const int32_t trend = 8 + (38 * n + kLevelCount / 2) / (kLevelCount - 1);
-    return static_cast<size_t>(trend + static_cast<int32_t>(randomBelow(rng, 7)) - 3);
+    return static_cast<size_t>(trend + static_cast<int32_t>(belowWithoutBias(rng, 7)) - 3);
 }
 
 // One random board within the bounds and not yet used.

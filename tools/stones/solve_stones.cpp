@@ -1,5 +1,7 @@
 #include "solve_stones.h"
 
+#include "neighbours.h"
+
 #include <bitset>
 #include <utility>
 
@@ -16,14 +18,10 @@ using Equation = std::bitset<kCells + 1>;
 // The cells flipped by a click on cell code c.
 CellSet cellsFlippedBy(int c)
 {
-    const int x = c % kColumns;
-    const int y = c / kColumns;
     CellSet cells;
     cells.set(c);
-    if (x > 0) cells.set(c - 1);
-    if (x + 1 < kColumns) cells.set(c + 1);
-    if (y > 0) cells.set(c - kColumns);
-    if (y + 1 < kRows) cells.set(c + kColumns);
+    forEachNeighbour(kColumns, kRows, c % kColumns, c / kColumns,
+                     [&cells](int32_t nx, int32_t ny) { cells.set(ny * kColumns + nx); });
     return cells;
 }
 

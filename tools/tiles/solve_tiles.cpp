@@ -1,5 +1,7 @@
 #include "solve_tiles.h"
 
+#include "neighbours.h"
+
 #include <algorithm>
 
 // A placed tile shows 1 plus the number of its neighbours placed after it, with
@@ -42,14 +44,9 @@ std::vector<Cell> readCells(const TileBoard &level, bool withFall)
     for (Cell &cell : cells) {
         const int32_t x = cell.code % TileBoard::kColonnes;
         const int32_t y = cell.code / TileBoard::kColonnes;
-        auto link = [&](int32_t nx, int32_t ny) {
-            if (nx >= 0 && nx < TileBoard::kColonnes && ny >= 0 && ny < TileBoard::kLignes && indexAt[nx][ny] >= 0)
-                cell.neighbours.push_back(indexAt[nx][ny]);
-        };
-        link(x - 1, y);
-        link(x + 1, y);
-        link(x, y - 1);
-        link(x, y + 1);
+        forEachNeighbour(TileBoard::kColonnes, TileBoard::kLignes, x, y, [&](int32_t nx, int32_t ny) {
+            if (indexAt[nx][ny] >= 0) cell.neighbours.push_back(indexAt[nx][ny]);
+        });
         cell.flexible = withFall && cell.demand == 0 && cell.neighbours.size() == 4;
     }
     return cells;
