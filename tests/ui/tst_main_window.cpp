@@ -1,9 +1,9 @@
 // The main window driven as a player would: its layout, the menu art, the screens, the drag,
 // the Ctrl key and the clock.
-#include "frmFond.h"
 #include "label_text.h"
 #include "modBase.h"
 #include "sprite_pixels.h"
+#include "started_window.h"
 #include "system_input.h"
 
 #include <QApplication>
@@ -30,10 +30,8 @@ class TestMainWindow : public QObject {
 private slots:
     void init()
     {
-        fond = std::make_unique<frmFond>();
-        QVERIFY(fond->Form_Load());
-        fond->show();
-        QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
+        fond = startedWindow();
+        QVERIFY(fond);
     }
     void cleanup() { fond.reset(); }
 
