@@ -114,8 +114,12 @@ private slots:
         s.startGame(1, QString());
         QCOMPARE(gJeu, 1);
         QVERIFY(gNomJoueur.isEmpty());
+        gASauver = true; // a level won: the empty name alone keeps the save offer away
         s.answer(QStringLiteral("Abandonner"));
+        s.fond->tambour.played.clear();
         s.clickMenu(3);
+        QCOMPARE(s.lastMessage, QStringLiteral("Que désirez-vous ?"));
+        QCOMPARE(s.fond->tambour.played, cues("008 009"));
         s.startGame(3, QStringLiteral("paul"));
         s.answer(QStringLiteral("Abandonner"));
         s.clickMenu(3);

@@ -1,5 +1,6 @@
 // The whole cycle of the records at the real window: play, rank, save, quit, start again, load,
 // and the bytes of the best-times file and of the saved game at each step.
+#include "cue_names.h"
 #include "file_bytes.h"
 #include "frmFile.h"
 #include "play_session.h"
@@ -103,7 +104,10 @@ private slots:
         QStringList shown;
         answerInTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown)});
         gNomJoueur = QStringLiteral("QUELQU'UN");
+        s.fond->tambour.played.clear();
         s.clickMenu(0);
+        // The question opens and is answered, the chooser opens, a name is marked and loaded, the level shows.
+        QCOMPARE(s.fond->tambour.played, cues("008 009 008 009 009 002"));
         QCOMPARE(s.lastMessage,
                  QStringLiteral("Jeu 1\nVous pouvez lancer une nouvelle partie ou charger une partie enregistrée."));
         QCOMPARE(shown, QStringList({"ma partie", "", "", "", ""}));
