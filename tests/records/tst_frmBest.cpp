@@ -3,8 +3,9 @@
 #include "frmBest.h"
 #include "label_text.h"
 #include "modBase.h"
-#include "modal_run.h"
+#include "modal_answer.h"
 #include "sound.h"
+#include "started_window.h"
 
 #include <QFile>
 #include <QTest>

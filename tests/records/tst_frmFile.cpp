@@ -1,8 +1,9 @@
 // The saved-game chooser over a real folder of saved games, driven by clicks on its labels and arrows.
 #include "frmFile.h"
 #include "label_text.h"
-#include "modal_run.h"
+#include "modal_answer.h"
 #include "sound.h"
+#include "started_window.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -50,7 +50,7 @@ class TestRecordsCycle : public QObject {
     }
 
     // Answers the chooser by marking the name at the given row and loading it.
-    static PlaySession::Action chooseRow(int row, QStringList *shown)
+    static ModalAction chooseRow(int row, QStringList *shown)
     {
         return [row, shown](QWidget *dialog) {
             auto *chooser = qobject_cast<frmFile *>(dialog);
@@ -84,8 +84,8 @@ private slots:
 
         // Abandon with a save under a name; the seconds of the level in play are not kept.
         s.fond->myTimer_Timer();
-        s.inTurn({s.reply(QStringLiteral("Abandonner")),
-                  s.reply(QStringLiteral("Valider"), QStringLiteral("  ma partie "))});
+        answerInTurn({s.reply(QStringLiteral("Abandonner")),
+                      s.reply(QStringLiteral("Valider"), QStringLiteral("  ma partie "))});
         s.clickMenu(3);
         QCOMPARE(gJeu, 0);
         QCOMPARE(s.lastMessage, QStringLiteral("Vous pouvez sauver votre partie,\ndonnez-lui un nom."));
@@ -102,7 +102,7 @@ private slots:
 
         // "Charger": the chooser lists the saved game, and play goes on at level 2 with 8 seconds.
         QStringList shown;
-        s.inTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown)});
+        answerInTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown)});
         gNomJoueur = QStringLiteral("QUELQU'UN");
         s.fond->tambour.played.clear();
         s.clickMenu(0);
@@ -121,11 +121,11 @@ private slots:
 
         // The last level: the player's row takes the new result, and the save stores 999.
         QString closing;
-        s.inTurn({[&closing, this](QWidget *dialog) {
-                      s.reply(QStringLiteral("Fermer"))(dialog);
-                      closing = s.lastMessage;
-                  },
-                  s.reply(QStringLiteral("Oui"))});
+        answerInTurn({[&closing, this](QWidget *dialog) {
+                          s.reply(QStringLiteral("Fermer"))(dialog);
+                          closing = s.lastMessage;
+                      },
+                      s.reply(QStringLiteral("Oui"))});
         winLevel(kLevel0, 4);
         QCOMPARE(gJeu, 0);
         QCOMPARE(closing, QStringLiteral("Félicitations ANNE\nVous venez de terminer\nles 3 niveaux du jeu 1"));
@@ -135,7 +135,7 @@ private slots:
                  bestFile(bestLine("00200000012ANNE            ") + kEmptyRow + kEmptyRow));
 
         // Loading a finished game gives the message and no board.
-        s.inTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown), s.reply(QStringLiteral("Fermer"))});
+        answerInTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown), s.reply(QStringLiteral("Fermer"))});
         s.clickMenu(0);
         QCOMPARE(s.lastMessage, QStringLiteral("Vous avez terminé le jeu 1 dans cette partie...\nFélicitations"));
         QCOMPARE(gJeu, 0);
@@ -150,7 +150,7 @@ private slots:
         s.startGame(1, QStringLiteral("a\",b ßµÿ"));
         QCOMPARE(gNomJoueur, QStringLiteral("A',B ßµŸ"));
         winLevel(kLevel0, 0); // level 0 in no time takes row 1
-        s.inTurn({s.reply(QStringLiteral("Abandonner")), s.reply(QStringLiteral("Annuler"))});
+        answerInTurn({s.reply(QStringLiteral("Abandonner")), s.reply(QStringLiteral("Annuler"))});
         s.clickMenu(3);
         startProgram(false);
         QCOMPARE(gBestNom1[1], QStringLiteral("A',B ßµŸ"));
@@ -158,7 +158,7 @@ private slots:
         QCOMPARE(gBestNom2[1], QStringLiteral("................"));
 
         // Pasted: sixteen characters stay sixteen, and one outside the code page becomes '?'.
-        s.inTurn({[](QWidget *dialog) {
+        answerInTurn({[](QWidget *dialog) {
             auto *mess = qobject_cast<frmMess *>(dialog);
             mess->txtReponse->insert(QString(15, QChar(0xDF)) + QChar(0x142));
             QTest::mouseClick(mess->reponse[0], Qt::LeftButton);
@@ -191,9 +191,9 @@ private slots:
         QVERIFY(s.fond->isEnabled());
 
         // A chooser closed with "Annuler" goes back to idle.
-        s.inTurn({s.reply(QStringLiteral("Charger")), [](QWidget *dialog) {
-                      QTest::mouseClick(qobject_cast<frmFile *>(dialog)->reponse[1], Qt::LeftButton);
-                  }});
+        answerInTurn({s.reply(QStringLiteral("Charger")), [](QWidget *dialog) {
+                          QTest::mouseClick(qobject_cast<frmFile *>(dialog)->reponse[1], Qt::LeftButton);
+                      }});
         s.clickMenu(1);
         QCOMPARE(gJeu, 0);
         QCOMPARE(gNbNiveaux, 100);
@@ -201,7 +201,7 @@ private slots:
 
         // A saved game cut short does not load: a message, and the record as it was.
         QStringList shown;
-        s.inTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown), s.reply(QStringLiteral("Fermer"))});
+        answerInTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown), s.reply(QStringLiteral("Fermer"))});
         s.clickMenu(0);
         QCOMPARE(shown.first(), QStringLiteral("abîmée"));
         QCOMPARE(s.lastMessage, QStringLiteral("Impossible de charger la partie :\nabîmée"));
@@ -212,14 +212,14 @@ private slots:
         QVERIFY(s.fond->isEnabled());
 
         // A loaded game abandoned before any win offers nothing; after a win, "Non" keeps the file as it was.
-        s.inTurn({s.reply(QStringLiteral("Charger")), chooseRow(1, &shown)});
+        answerInTurn({s.reply(QStringLiteral("Charger")), chooseRow(1, &shown)});
         s.clickMenu(0);
         QCOMPARE(gNiveau, 1);
         QCOMPARE(gTempsTotal, 40.0);
         QCOMPARE(gNomJoueur, QStringLiteral("ZOE"));
         winLevel(kLevel1, 2);
         QCOMPARE(gNiveau, 2);
-        s.inTurn({s.reply(QStringLiteral("Abandonner")), s.reply(QStringLiteral("Non"))});
+        answerInTurn({s.reply(QStringLiteral("Abandonner")), s.reply(QStringLiteral("Non"))});
         s.clickMenu(3);
         QCOMPARE(s.lastMessage, QStringLiteral("Voulez-vous sauver la partie :\nma partie"));
         QCOMPARE(readAll(partie()), QByteArray("\"ZOE\"\r\n1\r\n40\r\n0\r\n0\r\n0\r\n0\r\n"));

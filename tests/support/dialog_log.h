@@ -3,7 +3,6 @@
 
 #include "play_session.h"
 
-#include <QPointer>
 #include <vector>
 
 // For as long as it lives, answers each message dialog that comes up with the next step: the step's
@@ -20,20 +19,16 @@ public:
 
     DialogLog(PlaySession &session, std::vector<Step> steps) : mSession(session), mSteps(std::move(steps))
     {
-        mPoll.setInterval(10);
-        QObject::connect(&mPoll, &QTimer::timeout, [this] { answerShown(); });
-        mPoll.start();
+        mWatch.start([this](QWidget *dialog) { answerShown(qobject_cast<frmMess *>(dialog)); });
     }
 
     // Each dialog as "message [buttons]", then " box:" and what its box held when it showed one.
     QStringList seen;
 
 private:
-    void answerShown()
+    void answerShown(frmMess *mess)
     {
-        auto *mess = qobject_cast<frmMess *>(QApplication::activeModalWidget());
-        if (!mess || !mess->isVisible() || mess == mLast) return;
-        mLast = mess;
+        if (!mess) return;
         QStringList buttons;
         for (ClickLabel *label : mess->reponse)
             if (!label->isHidden()) buttons << label->text();
@@ -50,8 +45,7 @@ private:
 
     PlaySession &mSession;
     std::vector<DialogLog::Step> mSteps;
-    QTimer mPoll;
-    QPointer<frmMess> mLast;
+    ModalWatch mWatch;
 };
 
 // The dialogs of a finished game as DialogLog notes them: the congratulations, then the offer to save.

@@ -8,7 +8,7 @@
 #include "level_store.h"
 #include "modBase.h"
 #include "modal_answer.h"
-#include "pause.h"
+#include "started_window.h"
 
 #include <QDir>
 #include <QPointer>
@@ -22,29 +22,22 @@ struct PlaySession {
     std::unique_ptr<frmFond> fond;
     std::unique_ptr<QTemporaryDir> home; // the user's data folder, new for each session
 
-    // Starts the program at the idle window, on a data folder of its own, with pauses a hundred times shorter.
+    // Starts the program at the idle window, on a data folder of its own.
     void start()
     {
         fond.reset();
         home = std::make_unique<QTemporaryDir>();
         qputenv("XDG_DATA_HOME", home->path().toUtf8());
-        pauseScale() = 0.01;
-        fond = std::make_unique<frmFond>();
-        QVERIFY(fond->Form_Load());
-        fond->show();
-        QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
-        fond->tambour.played.clear();
+        fond = startedWindow();
+        QVERIFY(fond);
     }
 
     // Ends the program and starts it again on the same data folder, as a player who quits and comes back.
     void restart()
     {
         fond.reset();
-        fond = std::make_unique<frmFond>();
-        QVERIFY(fond->Form_Load());
-        fond->show();
-        QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
-        fond->tambour.played.clear();
+        fond = startedWindow();
+        QVERIFY(fond);
     }
 
     // Keeps only the given levels, in this order, in the store of a game.
@@ -59,32 +52,10 @@ struct PlaySession {
 
     // Answers the next message dialog: types into its box if one is given, then clicks the label with
     // that caption. The dialog's message is kept in lastMessage.
-    void answer(const QString &caption, const QString &box = QString()) { inTurn({reply(caption, box)}); }
-
-    // Answers the next dialogs one after the other, each action for the dialog of its turn: for the
-    // questions that one click asks in a row.
-    using Action = std::function<void(QWidget *)>;
-    void inTurn(QList<Action> actions)
-    {
-        auto *poll = new QTimer;
-        poll->setInterval(10);
-        auto answered = std::make_shared<QPointer<QWidget>>();
-        QObject::connect(poll, &QTimer::timeout, [poll, answered, actions]() mutable {
-            QWidget *dialog = QApplication::activeModalWidget();
-            if (!dialog || !dialog->isVisible() || dialog == answered->data()) return;
-            *answered = dialog;
-            const Action action = actions.takeFirst();
-            if (actions.isEmpty()) {
-                poll->stop();
-                poll->deleteLater();
-            }
-            action(dialog);
-        });
-        poll->start();
-    }
+    void answer(const QString &caption, const QString &box = QString()) { whenModal(reply(caption, box)); }
 
     // The action that answers a message dialog as answer() does.
-    Action reply(const QString &caption, const QString &box = QString())
+    ModalAction reply(const QString &caption, const QString &box = QString())
     {
         return [this, caption, box](QWidget *dialog) {
             auto *mess = qobject_cast<frmMess *>(dialog);

@@ -70,7 +70,7 @@ private slots:
     // in play the level and the clock are listed by their meaning, with what they show.
     void aGameIsPlayedByPresses()
     {
-        session.inTurn({[](QWidget *dialog) {
+        answerInTurn({[](QWidget *dialog) {
             QCOMPARE(of(dialog)->role(), QAccessible::Dialog);
             const QStringList tree = treeOf(dialog);
             QVERIFY2(tree.endsWith(QStringLiteral("[Valider]")) && !tree.contains(QStringLiteral("hidden!")),
@@ -90,7 +90,7 @@ private slots:
 
         // The best-times screen closes by its plate; while it is open the window's buttons do nothing.
         session.played().clear();
-        session.inTurn({[this](QWidget *dialog) {
+        answerInTurn({[this](QWidget *dialog) {
             auto *best = qobject_cast<frmBest *>(dialog);
             QVERIFY(best);
             press(fond().imgMenu[6]);

@@ -1,16 +1,15 @@
 // The main window driven as a player would: its layout, the menu art, the screens, the drag,
 // the Ctrl key and the clock.
-#include "frmFond.h"
 #include "label_text.h"
 #include "modBase.h"
 #include "sprite_pixels.h"
+#include "started_window.h"
 #include "system_input.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTest>
-#include <QToolTip>
 
 namespace {
 
@@ -30,10 +29,8 @@ class TestMainWindow : public QObject {
 private slots:
     void init()
     {
-        fond = std::make_unique<frmFond>();
-        QVERIFY(fond->Form_Load());
-        fond->show();
-        QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
+        fond = startedWindow();
+        QVERIFY(fond);
     }
     void cleanup() { fond.reset(); }
 
@@ -91,39 +88,6 @@ private slots:
             const QImage shown = fond->grab(c.place).toImage().convertToFormat(QImage::Format_RGB32);
             QVERIFY(sameRegion(shown, QRect(QPoint(0, 0), c.place.size()), fond->image, c.place.topLeft()));
         }
-    }
-
-    // The pointer resting on a button, or on the picture, brings its tool tip while the window takes
-    // input, and none while it takes none, as in the pause after a won level.
-    void toolTipsComeOnlyWhileTheWindowTakesInput()
-    {
-        // Offscreen at a scale factor Qt's pointer moves bring no tool tip at all; tool tips do not
-        // depend on the ratio, so the 1x runs tell.
-        if (fond->devicePixelRatioF() != 1 && !underX()) QSKIP("no tool tips from offscreen pointer moves when scaled");
-        const QList<QWidget *> withTips = {fond->imgMenu[0], fond->imgMenu[4], fond->imgMenu[6], fond->Picture1};
-        fond->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(fond.get()));
-        for (bool input : {true, false}) {
-            fond->setEnabled(input);
-            for (QWidget *widget : input ? withTips : withTips.mid(2)) {
-                const QPoint middle = widget->rect().center();
-                QTRY_VERIFY(!QToolTip::isVisible());
-                if (underX())
-                    xdotool(pointerTo(widget, middle));
-                else
-                    QTest::mouseMove(widget, middle);
-                if (input) {
-                    QTRY_VERIFY(QToolTip::isVisible());
-                    QCOMPARE(QToolTip::text(), widget->toolTip());
-                } else {
-                    QTest::qWait(1200);
-                    QVERIFY2(!QToolTip::isVisible(), qPrintable(QToolTip::text()));
-                }
-                QToolTip::hideText();
-            }
-        }
-        QCOMPARE(fond->imgMenu[0]->toolTip(), QStringLiteral("Cliquez sur ce bouton pour lancer le jeu 1"));
-        QCOMPARE(fond->imgMenu[4]->toolTip(), QStringLiteral("Cliquez sur ce bouton pour lire le tableau des scores"));
     }
 
     void levelLabelShowsTheIndexOnThreeDigits()

@@ -1,8 +1,8 @@
 // The message dialog answered by clicks on its labels, as a player answers it.
-#include "frmFond.h"
 #include "frmMess.h"
 #include "label_text.h"
 #include "modal_answer.h"
+#include "started_window.h"
 
 #include <QTest>
 
@@ -22,10 +22,8 @@ class TestMessageDialog : public QObject {
 private slots:
     void init()
     {
-        fond = std::make_unique<frmFond>();
-        QVERIFY(fond->Form_Load());
-        fond->show();
-        fond->tambour.played.clear();
+        fond = startedWindow();
+        QVERIFY(fond);
     }
     void cleanup() { fond.reset(); }
 

@@ -2,6 +2,7 @@
 // nothing, and leaves the first running; nothing is printed; an X server is preferred to Wayland.
 #include <QFileInfo>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -108,6 +109,7 @@ private slots:
         QFETCH(QStringList, unset);
         QFETCH(bool, onX);
         if (qEnvironmentVariableIsEmpty("DISPLAY")) QSKIP("no X server here");
+        if (QStandardPaths::findExecutable(QStringLiteral("weston")).isEmpty()) QSKIP("weston not found");
         QProcess weston;
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("XDG_RUNTIME_DIR"), mRuntime.path());

@@ -1,9 +1,6 @@
 // The pairs game: its board model worked by hand and at random, every stored level emptied by its
-// solution on the real board, levels built backwards solved forwards, its random player against an
-// exact account of it, and the store's check.
+// solution on the real board, levels built backwards solved forwards, and the store's check.
 #include "check_pairs.h"
-#include "difficulty_pairs.h"
-#include "exact_odds.h"
 #include "level_edits.h"
 #include "solve_pairs.h"
 
@@ -13,7 +10,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -104,31 +100,6 @@ std::vector<PairMove> buildBackwards(PairBoard &board, QRandomGenerator &random,
     }
     while (board.iCoup3 >= 0) board.Annule3();
     return moves;
-}
-
-// What the random player does on average from this board: the chance that it empties it, and the
-// pairs it removes on the way. It picks a tile that has a partner, each as likely, then one of that
-// tile's partners, each as likely. Positions met before are looked up in `known`.
-ExactOdds randomOdds(PairBoard &board, std::map<std::string, ExactOdds> &known)
-{
-    const std::string position(reinterpret_cast<const char *>(&board.tabPions3[0][0]), sizeof board.tabPions3);
-    if (const auto found = known.find(position); found != known.end()) return found->second;
-    std::vector<std::pair<int, std::vector<int>>> firsts;
-    for (int c = 0; c < 81; ++c)
-        if (board.tabPions3[c % 9][c / 9] != 0)
-            if (std::vector<int> partners = matchesOf(board, c); !partners.empty()) firsts.emplace_back(c, partners);
-    ExactOdds odds{board.Vide3() ? 1.0 : 0.0, 0.0};
-    for (const auto &[first, partners] : firsts)
-        for (int second : partners) {
-            board.Selectionne3(first % 9, first / 9);
-            board.Retire3(second % 9, second / 9);
-            const ExactOdds next = randomOdds(board, known);
-            board.Annule3();
-            const double chance = 1.0 / static_cast<double>(firsts.size() * partners.size());
-            odds.win += chance * next.win;
-            odds.moves += chance * (1 + next.moves);
-        }
-    return known[position] = odds;
 }
 
 } // namespace
@@ -335,26 +306,6 @@ private slots:
             QVERIFY(found.has_value());
             replayToEmpty(board, *found);
         }
-    }
-
-    // The measured pairs per win come close to the exact figure of the random player on small
-    // levels, and equal it where the player cannot fail.
-    void randomPlayerAgreesWithItsExactOdds()
-    {
-        QRandomGenerator random(5);
-        int withTraps = 0;
-        for (int round = 0; round < 150; ++round) {
-            PairBoard board;
-            buildBackwards(board, random, 2 + round % 4, 3 + round % 2, 1 + round % 3);
-            std::map<std::string, ExactOdds> known;
-            const ExactOdds exact = randomOdds(board, known);
-            std::string record(81, '0');
-            for (int c = 0; c < 81; ++c)
-                if (board.tabPions3[c % 9][c / 9] != 0) record[c] = static_cast<char>(board.tabPions3[c % 9][c / 9]);
-            withTraps += exact.win < 1 ? 1 : 0;
-            QCOMPARE(measuredAgainstExact(record, measurePairDifficulty(record).pairsPerWin, exact), QString());
-        }
-        QVERIFY(withTraps > 30);
     }
 
     void checkerAcceptsTheShippedStore()

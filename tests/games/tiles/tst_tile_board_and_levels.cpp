@@ -1,9 +1,7 @@
 // The tiles game: its board model worked by hand and at random, its solver against a brute force,
-// its careful player against an exact account of it, every stored level solved on the real board,
+// every stored level solved on the real board,
 // and the store's check.
 #include "check_tiles.h"
-#include "difficulty_tiles.h"
-#include "exact_odds.h"
 #include "level_edits.h"
 #include "solve_tiles.h"
 #include "tile_board.h"
@@ -133,32 +131,6 @@ std::string smallLevel(std::mt19937 &rng)
     for (int32_t code : cells) place(board, code);
     for (int32_t code : cells) level[code] = static_cast<char>('0' + at(board, code));
     return level;
-}
-
-// What the careful player does on average from this board: the chance that it completes it, and
-// the tiles it lays on the way. It lays a tile only where the tile can still end on its target,
-// that is where 1 plus the empty neighbours, 5 falling to 1, is the target; each such choice is as
-// likely as the others.
-ExactOdds carefulOdds(TileBoard &board, const std::vector<int32_t> &cells)
-{
-    std::vector<int32_t> careful;
-    for (int32_t code : cells) {
-        const int32_t x = code % 8, y = code / 8;
-        const auto empty = std::count_if(std::begin(kNeighbours), std::end(kNeighbours), [&](const int32_t *d) {
-            return onBoard(x + d[0], y + d[1]) && board.tabJeu1[x + d[0]][y + d[1]] == kSocle;
-        });
-        if (at(board, code) == kSocle && empty % 4 + 1 == board.tabCible1[x][y]) careful.push_back(code);
-    }
-    if (careful.empty()) return {board.Complet1() ? 1.0 : 0.0, 0.0};
-    ExactOdds odds;
-    for (int32_t code : careful) {
-        place(board, code);
-        const ExactOdds next = carefulOdds(board, cells);
-        board.Annule1();
-        odds.win += next.win / static_cast<double>(careful.size());
-        odds.moves += (1 + next.moves) / static_cast<double>(careful.size());
-    }
-    return odds;
 }
 
 std::string withLevel(std::string store, int32_t n, const std::string &record)
@@ -316,23 +288,6 @@ private slots:
         }
         // Each kind of answer must have come up often enough for the comparison to mean something.
         QVERIFY(unsolvable > 300 && needingFall > 60 && solvableWithoutFall > 300);
-    }
-
-    // The measured tiles laid per win come close to the exact figure of the careful player, and
-    // equal it where the player cannot fail.
-    void carefulPlayerAgreesWithItsExactOdds()
-    {
-        std::mt19937 rng(5);
-        int32_t withTraps = 0;
-        for (int32_t trial = 0; trial < 400; ++trial) {
-            const std::string level = smallLevel(rng);
-            TileBoard board = loaded(level, 0);
-            if (!solveTiles(board, true)) continue;
-            const ExactOdds exact = carefulOdds(board, cellsOf(level, 0));
-            withTraps += exact.win < 1 ? 1 : 0;
-            QCOMPARE(measuredAgainstExact(level, measureTileDifficulty(level).laidPerWin, exact), QString());
-        }
-        QVERIFY(withTraps > 20);
     }
 
     void everyStoredLevelIsSolvedOnTheRealBoard()

@@ -1,8 +1,7 @@
 // Checks the committed pictures: their sizes and formats at 1x, 2x and 3x, the
-// mask rule of the masked sheets (drawn with OR then AND), the two lightings of
-// the menu, that the labels laid on the window can be read, that the colours of
-// game 3 stay apart for every colour vision and have marks of their own, and that
-// the pips and the best-times titles stand where they should.
+// mask rule of the masked sheets (drawn with OR then AND), that the labels laid on
+// the window can be read, and that the colours of game 3 stay apart for every
+// colour vision.
 
 #include "colour_vision.h"
 
@@ -12,7 +11,6 @@
 #include <QTest>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <tuple>
 
@@ -45,24 +43,6 @@ int bmpBitCount(const QString &path)
 constexpr QRgb kWhite = 0xFFFFFFFF;
 constexpr QRgb kBlack = 0xFF000000;
 
-// Two equal-sized regions compared: how many pixels differ, and the mean difference per channel.
-struct Likeness {
-    int differing = 0;
-    double mean = 0;
-};
-Likeness compare(const QImage &a, QRect ra, const QImage &b, QRect rb)
-{
-    Likeness l;
-    for (int y = 0; y < ra.height(); ++y)
-        for (int x = 0; x < ra.width(); ++x) {
-            const QRgb p = a.pixel(ra.x() + x, ra.y() + y), q = b.pixel(rb.x() + x, rb.y() + y);
-            l.differing += p != q;
-            l.mean += std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q)) + std::abs(qBlue(p) - qBlue(q));
-        }
-    l.mean /= 3.0 * ra.width() * ra.height();
-    return l;
-}
-
 double relativeLuminance(QColor c)
 {
     const auto linear = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
@@ -85,14 +65,6 @@ double contrast(QColor a, QColor b)
 {
     const double la = relativeLuminance(a), lb = relativeLuminance(b);
     return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
-}
-
-// The menu's hot spots in the sheet's coordinates (the window's, less (0, 130)).
-constexpr std::array<QPoint, 7> kSpots = {{{38, 1}, {38, 56}, {36, 111}, {37, 166}, {32, 221}, {20, 277}, {9, 331}}};
-
-QRect spot(int button, int column = 0)
-{
-    return (QRect(kSpots[button], QSize(43, 43)) & QRect(0, 0, 80, 375)).translated(column, 0);
 }
 
 // ---- colour vision: the colours seen (the simulation of the art's own tool) and their CIEDE2000
@@ -161,35 +133,6 @@ Rgb faceColour(const QImage &sheet, int row, int s)
     return {sum[0] / n, sum[1] / n, sum[2] / n};
 }
 
-// The light and shade of a tile's face with its colour taken away: each pixel's luminance less the
-// mean of its line across the face, so that neither the colour nor the top-to-bottom shading counts.
-std::vector<double> faceShape(const QImage &sheet, int row, int s)
-{
-    std::vector<double> shape;
-    for (int y = 0; y < 52 * s; ++y) {
-        std::vector<double> line;
-        for (int x = 0; x < 52 * s; ++x)
-            if (onFace({x, y}, s)) line.push_back(qGray(sheet.pixel(x, 52 * s * row + y)));
-        double mean = 0;
-        for (const double v : line) mean += v / line.size();
-        for (const double v : line) shape.push_back(v - mean);
-    }
-    return shape;
-}
-
-// Which of the nine places of a pip (3 x 3 around the centre, 0.24 of the tile's side apart) hold
-// one, on a tile of the given side whose top left corner is at `corner`.
-QString pipPlaces(const QImage &sheet, QPointF corner, double side)
-{
-    QString places;
-    for (int row = -1; row <= 1; ++row)
-        for (int column = -1; column <= 1; ++column) {
-            const QPointF at = corner + QPointF(side / 2 + column * 0.24 * side, side / 2 + row * 0.24 * side);
-            const QColor c = averageColour(sheet, QRect(at.toPoint() - QPoint(1, 1), QSize(3, 3)));
-            places += std::min({c.red(), c.green(), c.blue()}) > 170 ? QLatin1Char('o') : QLatin1Char('.');
-        }
-    return places;
-}
 } // namespace
 
 class TestArt : public QObject {
@@ -287,101 +230,6 @@ private slots:
         QVERIFY(whiteInside < opaque / 20);
     }
 
-    void pairMasksHaveTheirShapes_data()
-    {
-        QTest::addColumn<int>("s");
-        for (const int s : {1, 2, 3}) QTest::addRow("%dx", s) << s;
-    }
-    void pairMasksHaveTheirShapes()
-    {
-        QFETCH(int, s);
-        const QImage sheet = load("pion3.bmp", s);
-        const int side = 52 * s, last = side - 1, ring = 2 * s;
-        const auto normal = [&](int x, int y) { return sheet.pixel(8 * side + x, y); };
-        const auto selected = [&](int x, int y) { return sheet.pixel(8 * side + x, side + y); };
-        for (int y = 0; y < side; ++y)
-            for (int x = 0; x < side; ++x) {
-                // A selected tile leaves a ring of 2 pixels all round, and its shape lies within the normal one.
-                if (std::min({x, y, last - x, last - y}) < ring) QCOMPARE(selected(x, y), kBlack);
-                if (selected(x, y) == kWhite) QCOMPARE(normal(x, y), kWhite);
-            }
-        // A normal tile reaches the middle of each side, a selected one the ring; only corners are cut.
-        for (const auto &[x, y] : {std::pair{side / 2, 0}, {0, side / 2}, {last, side / 2}, {side / 2, last}}) {
-            QCOMPARE(normal(x, y), kWhite);
-            QCOMPARE(selected(std::clamp(x, ring, last - ring), std::clamp(y, ring, last - ring)), kWhite);
-        }
-        // Column 8 of rows 2 and 3 is never read and left white.
-        for (int y = 2 * side; y < 4 * side; ++y)
-            for (int x = 8 * side; x < 9 * side; ++x) QCOMPARE(sheet.pixel(x, y), kWhite);
-    }
-
-    // Tiles differ by colour, pips and selection; every cell of a sheet from every other.
-    void cellsAreDistinct_data()
-    {
-        QTest::addColumn<QString>("sheet");
-        QTest::addColumn<int>("side");
-        QTest::addColumn<int>("cells");
-        QTest::newRow("tiles") << "pion1.bmp" << 54 << 6;
-        QTest::newRow("pairs") << "pion3.bmp" << 52 << 32;
-    }
-    void cellsAreDistinct()
-    {
-        QFETCH(QString, sheet);
-        QFETCH(int, side);
-        QFETCH(int, cells);
-        const QImage picture = load(sheet);
-        const auto cell = [side](int c) { return QRect(side * (c % 8), side * (c / 8), side, side); };
-        for (int a = 0; a < cells; ++a)
-            for (int b = a + 1; b < cells; ++b)
-                QVERIFY2(compare(picture, cell(a), picture, cell(b)).differing > 60,
-                         qPrintable(QStringLiteral("cells %1 and %2 look alike").arg(a).arg(b)));
-    }
-
-    void menuLightingChangesOnlyTheRightButtons()
-    {
-        const QImage sheet = load("menu.bmp");
-        for (int button = 0; button < 7; ++button) {
-            const int changed = compare(sheet, spot(button), sheet, spot(button, 80)).differing;
-            QVERIFY2(button == 4 || button == 5 ? changed == 0 : changed > 300, qPrintable(QString::number(button)));
-        }
-        // Away from the buttons, both columns are the same wood.
-        for (int y = 0; y < 375; ++y)
-            for (int x = 0; x < 80; ++x)
-                if (std::none_of(kSpots.begin(), kSpots.end(),
-                                 [&](QPoint s) { return QRect(s, QSize(43, 43)).contains(x, y); }))
-                    QCOMPARE(sheet.pixel(x, y), sheet.pixel(x + 80, y));
-    }
-
-    void idleButtonsAreBrighterThanDimOnes()
-    {
-        const QImage sheet = load("menu.bmp");
-        const auto brightness = [&](int button, int column) {
-            return relativeLuminance(
-                averageColour(sheet, QRect(kSpots[button] + QPoint(12 + column, 12), QSize(19, 19))));
-        };
-        for (const int button : {0, 1, 2, 6}) QVERIFY(brightness(button, 0) > 1.5 * brightness(button, 80));
-        QVERIFY(brightness(3, 80) > 1.5 * brightness(3, 0));
-    }
-
-    // The window at rest shows the idle column of the menu where the sheet is
-    // copied, and the emblem's corner and the dialog plates match their places.
-    void piecesMatchWhereTheyAreShown()
-    {
-        const QImage window = load("fond.jpg"), menu = load("menu.bmp");
-        QVERIFY(compare(window, QRect(0, 130, 80, 375), menu, QRect(0, 0, 80, 375)).mean < 5.0);
-        for (const int button : {0, 1, 2, 3, 6}) {
-            const QRect shown = spot(button).translated(0, 130);
-            QVERIFY(3 * compare(window, shown, menu, spot(button)).mean
-                    < compare(window, shown, menu, spot(button, 80)).mean);
-        }
-        QVERIFY(compare(window, QRect(0, 510, 4, 90), load("catalogue.jpg"), QRect(0, 0, 4, 90)).mean < 6.0);
-        // The face of every button plate looks the same.
-        const QImage button = load("bouton.bmp");
-        const QRect face(4, 4, 172, 22);
-        for (const auto &[picture, top] : {std::pair{"mess.jpg", 186}, {"file.jpg", 186}, {"file.jpg", 220}})
-            QVERIFY(compare(load(picture), face.translated(100, top), button, face).mean < 4.0);
-    }
-
     void labelsCanBeRead_data()
     {
         QTest::addColumn<QString>("picture");
@@ -428,55 +276,6 @@ private slots:
                 }
     }
 
-    // With the colour taken away, the faces of the four rows still differ: each colour has its mark.
-    void pairMarksTellColoursWithoutColour()
-    {
-        const QImage sheet = load("pion3.bmp");
-        for (int a = 0; a < 4; ++a)
-            for (int b = a + 1; b < 4; ++b) {
-                const std::vector<double> shapeA = faceShape(sheet, a, 1), shapeB = faceShape(sheet, b, 1);
-                double difference = 0;
-                for (size_t i = 0; i < shapeA.size(); ++i)
-                    difference += std::abs(shapeA[i] - shapeB[i]) / shapeA.size();
-                QVERIFY2(difference > 6, qPrintable(QStringLiteral("rows %1 and %2 differ by %3 without colour")
-                                                        .arg(a)
-                                                        .arg(b)
-                                                        .arg(difference, 0, 'f', 1)));
-            }
-    }
-
-    // A tile of n pips shows them at the same places in both games.
-    void pipsLieAlikeInBothGames()
-    {
-        const QImage tiles = load("pion1.bmp"), pairs = load("pion3.bmp");
-        const char *wanted[4] = {"....o....", "..o...o..", "o.o...o..", "o.o...o.o"};
-        for (int n = 1; n <= 4; ++n) {
-            QCOMPARE(pipPlaces(tiles, QPointF(54 * (n - 1) + 1, 1), 52), QString::fromLatin1(wanted[n - 1]));
-            QCOMPARE(pipPlaces(pairs, QPointF(52 * (n - 1), 0), 52), QString::fromLatin1(wanted[n - 1]));
-        }
-    }
-
-    // Each panel of the best-times screen carries its game's title where no label lies: right of the
-    // first score and between the first two names.
-    void bestTimesPanelsHaveTheirTitles()
-    {
-        const QImage best = load("best.jpg");
-        QList<QRect> labels;
-        for (const int top : {24, 78, 127, 184, 238, 287, 344, 398, 447}) labels << QRect(26, top, 348, 20);
-        for (const int top : {44, 97, 147, 204, 257, 307, 364, 417, 467}) labels << QRect(100, top, 200, 20);
-        QList<QRect> titles;
-        for (int game = 0; game < 3; ++game) {
-            const QRect title(300, 18 + 160 * game + 26, 86, 34);
-            for (const QRect &label : labels) QVERIFY(!title.intersects(label));
-            QColor darkest = Qt::white;
-            for (int y = title.top(); y <= title.bottom(); ++y)
-                for (int x = title.left(); x <= title.right(); ++x)
-                    if (qGray(best.pixel(x, y)) < qGray(darkest.rgb())) darkest = best.pixel(x, y);
-            QVERIFY2(contrast(darkest, averageColour(best, title)) >= 4.5, qPrintable(QString::number(game + 1)));
-            for (const QRect &other : titles) QVERIFY(compare(best, title, best, other).differing > 50);
-            titles << title;
-        }
-    }
 };
 
 QTEST_APPLESS_MAIN(TestArt)
