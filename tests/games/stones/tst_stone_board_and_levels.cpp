@@ -137,17 +137,6 @@ private slots:
         QCOMPARE(changedEntries(board, StoneBoard{}), 0);
     }
 
-    void takeBackUndoesOnlyTheLastClick()
-    {
-        StoneBoard board = boardOf(store, 61);
-        board.Retourne2(2, 3);
-        const StoneBoard afterFirst = board;
-        board.Retourne2(3, 3);
-        board.Annule2();
-        QCOMPARE(changedEntries(board, afterFirst), 0);
-        QCOMPARE(board.iCoup2, -1);
-    }
-
     void onlyTheThirtyCellPatternChangesNothing()
     {
         std::vector<int32_t> pattern;
