@@ -220,7 +220,6 @@ private slots:
             {{479, 0}, Qt::MiddleButton, {7, 0}},
         };
         StoneBoard expected = levelBoard(0);
-        QCOMPARE(expected.tabPions2[0][0], StoneBoard::kFaux);
         qsizetype clicks = 0;
         for (const Case &c : cases) {
             expected.Retourne2(c.cell.x(), c.cell.y());
@@ -244,7 +243,6 @@ private slots:
         QFETCH(bool, empty);
         if (empty) gNiveaux2 = QByteArray(StoneBoard::kOctetsParNiveau, '0') + gNiveaux2;
         session.startOn(2, {0, 1});
-        const QImage startImage = fond->pctEcran2->image;
 
         // Nothing to take back at the start of a level: no sound, no change.
         verifyBoard(levelBoard(0));
@@ -257,7 +255,6 @@ private slots:
         press(Qt::RightButton, {470, 10});
         QCOMPARE(played(), cues("010x2 007"));
         verifyBoard(levelBoard(0));
-        QCOMPARE(fond->pctEcran2->image, startImage);
         verifyPlaying(*fond, 2, 0, QString());
         QCOMPARE(gTempsTotal, 0.0);
         QVERIFY(!gASauver);

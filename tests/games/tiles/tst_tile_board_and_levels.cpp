@@ -178,7 +178,6 @@ private slots:
         row("a fixed level changed", withLevel(good, 20, "0000000000142000004310000013200000000001"),
             "level 20 differs");
         const std::string level50 = good.substr(50 * kCells, kCells);
-        row("a level repeated", withLevel(good, 51, level50), "level 51 repeats level 50");
         row("a level moved and mirrored",
             withLevel(good, 51, movedLevel(level50, 8, 5, [](int x, int y) { return std::pair{-x, y}; })),
             "level 51 repeats level 50");
