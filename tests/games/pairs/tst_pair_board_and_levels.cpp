@@ -178,14 +178,6 @@ private slots:
         QVERIFY(touchingPairs > 20);
     }
 
-    void parityCountsPipsAndTouchingPairs()
-    {
-        const PairBoard board = boardOf("14a000000T" + std::string(71, '0'));
-        // Pips 1 + 4 + 1 + 4, touching pairs 1-4, 4-a, 1-T.
-        QCOMPARE(pairParity(board), 13);
-        QVERIFY(!solvePairs(board).has_value());
-    }
-
     void solverGivesUpWhenItsBudgetRunsOut()
     {
         QVERIFY(!solvePairs(boardOf(store, 95), 3).has_value());
