@@ -148,28 +148,17 @@ private slots:
                                     "ctrl", "tableau des scores", "accéder à l'aide", "quitter le programme",
                                     "99 heures", "le catalogue Cerisaie Logiciels"})
             QTest::newRow(subject) << QString::fromUtf8(subject) << false;
-        for (const char *words : {"Lancer",
-                                  "Charger",
-                                  "Annuler",
-                                  "Valider",
-                                  "Abandonner",
-                                  "Rejouer",
-                                  "Fermer",
-                                  "Oui",
-                                  "Non",
-                                  "Scores",
-                                  "Entrez votre nom de joueur",
-                                  "Que désirez-vous ?",
-                                  "Voulez-vous vraiment quitter le programme ?",
-                                  "Vous pouvez lancer une nouvelle partie ou charger une partie enregistrée.",
-                                  "Vous pouvez sauver votre partie,",
-                                  "donnez-lui un nom.",
-                                  "Ce nom existe déjà ou ne convient pas.",
-                                  "Voulez-vous sauver la partie :",
-                                  "Choisissez votre fichier :",
-                                  "Vous avez terminé le jeu 1 dans cette partie...",
-                                  "Félicitations"})
-            QTest::newRow(words) << QString::fromUtf8(words) << true;
+        // The captions and messages, '|' between them.
+        const QString quoted =
+            QStringLiteral("Lancer|Charger|Annuler|Valider|Abandonner|Rejouer|Fermer|Oui|Non|Scores|"
+                           "Entrez votre nom de joueur|Que désirez-vous ?|"
+                           "Voulez-vous vraiment quitter le programme ?|"
+                           "Vous pouvez lancer une nouvelle partie ou charger une partie enregistrée.|"
+                           "Vous pouvez sauver votre partie,|donnez-lui un nom.|"
+                           "Ce nom existe déjà ou ne convient pas.|Voulez-vous sauver la partie :|"
+                           "Choisissez votre fichier :|Vous avez terminé le jeu 1 dans cette partie...|"
+                           "Félicitations");
+        for (const QString &words : quoted.split(u'|')) QTest::newRow(qPrintable(words)) << words << true;
     }
     void helpCoversEveryCommandAndQuotesTheProgramsWords()
     {
