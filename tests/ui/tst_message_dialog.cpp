@@ -4,19 +4,18 @@
 #include "modal_answer.h"
 #include "started_window.h"
 
-#include <QTest>
-
 class TestMessageDialog : public QObject {
     Q_OBJECT
 
     std::unique_ptr<frmFond> fond;
 
     // Opens AfficheMess, lets the test look at the dialog and click, and gives the answer.
-    QString ask(const QString &message, const QString &c0, const QString &c1, const QString &c2, bool boite,
-                const QString &defaut, std::function<void(frmMess *)> player)
+    QString ask(const QString &message, const QStringList &captions, bool boite, const QString &defaut,
+                std::function<void(frmMess *)> player)
     {
         whenModal([player](QWidget *dialog) { player(qobject_cast<frmMess *>(dialog)); });
-        return AfficheMess(fond->dialogOwner(), message, c0, c1, c2, boite, defaut);
+        return AfficheMess(fond->dialogOwner(), message, captions.value(0), captions.value(1), captions.value(2), boite,
+                           defaut);
     }
 
 private slots:
@@ -27,113 +26,72 @@ private slots:
     }
     void cleanup() { fond.reset(); }
 
-    void oneButtonSitsInTheTopPlace()
+    // The answer is the caption clicked, or the box's text whichever caption is clicked; only the
+    // captions given are shown, each at the top of its label, and the pictures, Escape and Enter
+    // give no answer.
+    void answersByTheClickedCaption_data()
     {
-        const QString answer =
-            ask(QStringLiteral("Bravo"), QStringLiteral("Fermer"), {}, {}, false, {}, [](frmMess *m) {
-                QVERIFY(m);
-                QCOMPARE(m->size(), QSize(300, 300));
-                QVERIFY(m->reponse[0]->isVisible());
-                QCOMPARE(m->reponse[0]->geometry(), QRect(100, 189, 180, 27));
-                QVERIFY(!m->reponse[1]->isVisible() && !m->reponse[2]->isVisible());
-                QVERIFY(!m->imgB[1]->isVisible() && !m->imgB[2]->isVisible());
-                QVERIFY(!m->txtReponse->isVisible());
-                QTest::mouseClick(m->reponse[0], Qt::LeftButton);
-            });
-        QCOMPARE(answer, QStringLiteral("Fermer"));
-        QCOMPARE(fond->tambour.played, QStringList({"marel008.wav", "marel009.wav"}));
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QStringList>("captions");
+        QTest::addColumn<bool>("boite");
+        QTest::addColumn<QString>("typed"); // replaces the proposed name in the box when not empty
+        QTest::addColumn<int>("clicked");
+        QTest::addColumn<QString>("answer");
+        QTest::newRow("one") << "Bravo" << QStringList{"Fermer"} << false << "" << 0 << "Fermer";
+        QTest::newRow("two") << "Voulez-vous vraiment quitter le programme ?" << QStringList{"Oui", "Non"} << false
+                             << "" << 1 << "Non";
+        QTest::newRow("three, lines") << "Jeu 2\r\nVous pouvez lancer une nouvelle partie ou charger une partie "
+                                         "enregistrée."
+                                      << QStringList{"Lancer", "Charger", "Annuler"} << false << "" << 2 << "Annuler";
+        QTest::newRow("box, 16 characters at most") << "Entrez votre nom de joueur" << QStringList{"Valider", "Annuler"}
+                                                    << true << "ANNE marie-claire du bois" << 1 << "ANNE marie-clair";
+        QTest::newRow("box proposed") << "Nom" << QStringList{"Valider"} << true << "" << 0 << "PAUL";
+        QTest::newRow("box cleared") << "Nom" << QStringList{"Valider"} << true << " " << 0 << "";
     }
-
-    void twoButtonsShowTheSecondPictureOnly()
+    void answersByTheClickedCaption()
     {
-        const QString answer = ask(QStringLiteral("Voulez-vous vraiment quitter le programme ?"), QStringLiteral("Oui"),
-                                   QStringLiteral("Non"), {}, false, {}, [](frmMess *m) {
-                                       QVERIFY(m->imgB[1]->isVisible());
-                                       QCOMPARE(m->imgB[1]->geometry(), QRect(100, 220, 180, 30));
-                                       QVERIFY(!m->imgB[2]->isVisible());
-                                       QVERIFY(!m->reponse[2]->isVisible());
-                                       QTest::mouseClick(m->reponse[1], Qt::LeftButton);
-                                   });
-        QCOMPARE(answer, QStringLiteral("Non"));
-    }
-
-    void threeButtonsAnswerByTheirCaption()
-    {
-        const QString message = QStringLiteral("Jeu 2\r\nVous pouvez lancer une nouvelle partie ou charger une partie "
-                                               "enregistrée.");
-        const QString answer =
-            ask(message, QStringLiteral("Lancer"), QStringLiteral("Charger"), QStringLiteral("Annuler"), false,
-                QStringLiteral("ZOE"), [](frmMess *m) {
-                    QCOMPARE(m->labMess->text().split(QLatin1Char('\n')).first(), QStringLiteral("Jeu 2"));
-                    QVERIFY(m->imgB[2]->isVisible());
-                    QCOMPARE(m->reponse[2]->geometry(), QRect(100, 257, 180, 27));
-                    QVERIFY(!m->txtReponse->isVisible());
-                    // Escape and Enter are not answers; the pictures of the buttons take no click.
-                    QTest::keyClick(m, Qt::Key_Escape);
-                    QTest::keyClick(m, Qt::Key_Return);
-                    QTest::mouseClick(m->imgB[2], Qt::LeftButton, {}, QPoint(90, 1));
-                    QVERIFY(m->isVisible());
-                    QTest::mouseClick(m->reponse[2], Qt::LeftButton);
-                });
-        QCOMPARE(answer, QStringLiteral("Annuler"));
-        QCOMPARE(fond->tambour.played, QStringList({"marel008.wav", "marel009.wav"}));
-    }
-
-    void theBoxGivesItsTextWhicheverButtonIsClicked()
-    {
-        const QString answer = ask(QStringLiteral("Entrez votre nom de joueur"), QStringLiteral("Valider"),
-                                   QStringLiteral("Annuler"), {}, true, QStringLiteral("ANNE"), [](frmMess *m) {
-                                       QVERIFY(m->txtReponse->isVisible());
-                                       QCOMPARE(m->txtReponse->text(), QStringLiteral("ANNE"));
-                                       m->txtReponse->setFocus();
-                                       QTest::keyClick(m->txtReponse, Qt::Key_End);
-                                       QTest::keyClicks(m->txtReponse, QStringLiteral(" marie-claire du bois"));
-                                       QTest::mouseClick(m->reponse[1], Qt::LeftButton);
-                                   });
-        QCOMPARE(answer, QStringLiteral("ANNE marie-clair")); // the box holds 16 characters at most
-        QCOMPARE(answer.size(), 16);
-    }
-
-    void aClearedBoxAnswersTheEmptyString()
-    {
-        const QString answer =
-            ask(QStringLiteral("Nom"), QStringLiteral("Valider"), {}, {}, true, QStringLiteral("PAUL"), [](frmMess *m) {
+        QFETCH(QString, message);
+        QFETCH(QStringList, captions);
+        QFETCH(bool, boite);
+        QFETCH(QString, typed);
+        QFETCH(int, clicked);
+        QFETCH(QString, answer);
+        fond->setEnabled(false); // as when a game asks: the dialog takes clicks all the same
+        QStringList faults;
+        const QString given = ask(message, captions, boite, QStringLiteral("PAUL"), [&](frmMess *m) {
+            QCOMPARE(m->labMess->text().split(QLatin1Char('\n')).first(),
+                     message.section(QStringLiteral("\r\n"), 0, 0));
+            QCOMPARE(m->txtReponse->isVisible(), boite);
+            for (int i = 0; i < 3; ++i) {
+                QCOMPARE(m->reponse[i]->isVisible(), i < captions.size());
+                if (i > 0) QCOMPARE(m->imgB[i]->isVisible(), i < captions.size());
+                if (i < captions.size()) faults << captionFault(m->reponse[i], Qt::black);
+            }
+            if (boite) QCOMPARE(m->txtReponse->text(), QStringLiteral("PAUL"));
+            if (!typed.isEmpty()) {
                 m->txtReponse->clear();
-                QTest::mouseClick(m->reponse[0], Qt::LeftButton);
-            });
-        QVERIFY(answer.isEmpty());
-    }
-
-    void aDialogTakesClicksWhileTheMainWindowHasNoInput()
-    {
-        fond->setEnabled(false);
-        const QString answer = ask(QStringLiteral("Que désirez-vous ?"), QStringLiteral("Abandonner"),
-                                   QStringLiteral("Rejouer"), QStringLiteral("Annuler"), false, {},
-                                   [](frmMess *m) { QTest::mouseClick(m->reponse[1], Qt::LeftButton); });
-        QCOMPARE(answer, QStringLiteral("Rejouer"));
+                QTest::keyClicks(m->txtReponse, typed.trimmed());
+            }
+            QTest::keyClick(m, Qt::Key_Escape);
+            QTest::keyClick(m, Qt::Key_Return);
+            if (captions.size() == 3) QTest::mouseClick(m->imgB[2], Qt::LeftButton, {}, QPoint(90, 1));
+            QVERIFY(m->isVisible());
+            QTest::mouseClick(m->reponse[clicked], Qt::LeftButton);
+        });
+        QCOMPARE(given, answer);
+        QCOMPARE(faults, QStringList(captions.size(), QString()));
+        QCOMPARE(fond->tambour.played, QStringList({"marel008.wav", "marel009.wav"}));
         QVERIFY(!QApplication::activeModalWidget());
     }
 
     void ctrlKeptThroughADialog()
     {
         QTest::keyPress(fond.get(), Qt::Key_Control);
-        ask(QStringLiteral("?"), QStringLiteral("Oui"), {}, {}, false, {}, [](frmMess *m) {
+        ask(QStringLiteral("?"), {QStringLiteral("Oui")}, false, {}, [](frmMess *m) {
             QTest::keyRelease(m, Qt::Key_Control);
             QTest::mouseClick(m->reponse[0], Qt::LeftButton);
         });
         QVERIFY(fond->mCtrl);
-    }
-
-    // Each caption stands centred across its label and at its top, as every centred label does.
-    void captionsStandAtTheTopOfTheirLabels()
-    {
-        QStringList faults;
-        ask(QStringLiteral("?"), QStringLiteral("Abandonner"), QStringLiteral("Rejouer"), QStringLiteral("Annuler"),
-            false, {}, [&faults](frmMess *m) {
-                for (ClickLabel *label : m->reponse) faults << captionFault(label, Qt::black);
-                QTest::mouseClick(m->reponse[0], Qt::LeftButton);
-            });
-        QCOMPARE(faults, QStringList(3, QString()));
     }
 };
 

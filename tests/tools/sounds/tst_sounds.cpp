@@ -51,8 +51,6 @@ std::vector<double> samplesOf(const QByteArray &bytes)
     return samples;
 }
 
-std::vector<double> cue(const QString &name) { return samplesOf(shipped(name)); }
-
 double rms(const std::vector<double> &s, size_t from, size_t to)
 {
     double sum = 0.0;
@@ -62,9 +60,8 @@ double rms(const std::vector<double> &s, size_t from, size_t to)
 
 double peak(const std::vector<double> &s)
 {
-    double loudest = 0.0;
-    for (double v : s) loudest = std::max(loudest, std::fabs(v));
-    return loudest;
+    return std::fabs(
+        *std::max_element(s.begin(), s.end(), [](double a, double b) { return std::fabs(a) < std::fabs(b); }));
 }
 
 } // namespace
@@ -112,7 +109,7 @@ private slots:
     void cuesSoundDifferent()
     {
         std::vector<std::vector<double>> cues;
-        for (const QString &name : kFiles) cues.push_back(cue(name));
+        for (const QString &name : kFiles) cues.push_back(samplesOf(shipped(name)));
         for (size_t a = 0; a < cues.size(); ++a)
             for (size_t b = a + 1; b < cues.size(); ++b) {
                 double xy = 0.0, xx = 0.0, yy = 0.0;
