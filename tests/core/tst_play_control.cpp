@@ -45,33 +45,27 @@ private slots:
         QCOMPARE(s.fond->tambour.played, cues("008 009"));
     }
 
+    // At idle and during a game, with the board hidden and the clock stopped while the screen is up.
     void bestTimesOpenInEveryStateWithTheClockStopped()
     {
-        const auto closeBestTimes = [this](bool *clockStopped) {
-            whenModal([this, clockStopped](QWidget *dialog) {
-                auto *best = qobject_cast<frmBest *>(dialog);
-                QVERIFY(best);
-                *clockStopped = !s.fond->myTimer.isActive() && !s.fond->pctEcran1->isVisible()
-                                && !s.fond->pctEcran2->isVisible() && !s.fond->pctEcran3->isVisible();
-                QTest::mouseClick(best->Image1, Qt::LeftButton);
+        for (int game : {0, 2}) {
+            if (game) s.startGame(game, QStringLiteral("eve"));
+            gTempsNiveau = 9;
+            s.played().clear();
+            bool stopped = false;
+            whenModal([this, &stopped](QWidget *dialog) {
+                stopped = !s.fond->myTimer.isActive() && !s.fond->pctEcran1->isVisible()
+                          && !s.fond->pctEcran2->isVisible() && !s.fond->pctEcran3->isVisible();
+                if (auto *best = qobject_cast<frmBest *>(dialog)) QTest::mouseClick(best->Image1, Qt::LeftButton);
             });
-        };
-        bool stopped = false;
-        closeBestTimes(&stopped);
-        s.clickMenu(4);
-        QVERIFY(stopped);
-        QCOMPARE(s.fond->tambour.played, cues("008 009"));
-
-        s.startGame(2, QStringLiteral("eve"));
-        gTempsNiveau = 9;
-        stopped = false;
-        closeBestTimes(&stopped);
-        s.clickMenu(4);
-        QVERIFY(stopped);
+            s.clickMenu(4);
+            QVERIFY(stopped);
+            QCOMPARE(s.played(), cues("008 009"));
+            QCOMPARE(gJeu, game);
+            QCOMPARE(s.fond->myTimer.isActive(), game != 0);
+            QCOMPARE(gTempsNiveau, 9.0);
+        }
         QVERIFY(s.fond->pctEcran2->isVisible());
-        QVERIFY(s.fond->myTimer.isActive());
-        QCOMPARE(gTempsNiveau, 9.0);
-        QCOMPARE(gJeu, 2);
     }
 
     void startingAGameAsksTheNameWithInputOff()
@@ -83,7 +77,7 @@ private slots:
             QCOMPARE(gJeu, 10);
             QVERIFY(!s.fond->isEnabled());
             QCOMPARE(mess->labMess->text(), QStringLiteral("Entrez votre nom de joueur"));
-                QCOMPARE(mess->txtReponse->maxLength(), 16);
+            QCOMPARE(mess->txtReponse->maxLength(), 16);
             // The menu art is already that of a running game: the quit button is dim.
             QVERIFY(s.fond->pctMenu->image.pixel(30, 352) != s.fond->pctMenu->image.pixel(110, 352));
             QCOMPARE(s.fond->image.pixel(30, 482), s.fond->pctMenu->image.pixel(110, 352));

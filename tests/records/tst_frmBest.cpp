@@ -1,5 +1,6 @@
 // The best-times screen over the real tables, closed by a click on its plate as a player closes it.
 #include "best_times.h"
+#include "file_bytes.h"
 #include "frmBest.h"
 #include "label_text.h"
 #include "modBase.h"
@@ -7,7 +8,6 @@
 #include "sound.h"
 #include "started_window.h"
 
-#include <QFile>
 #include <QTest>
 
 namespace {
@@ -52,12 +52,6 @@ void run(const DialogOwner &owner, std::function<void(frmBest *)> player)
     if (!closed) QTest::qFail("the screen stayed up", __FILE__, __LINE__);
 }
 
-QByteArray storedBytes()
-{
-    QFile file(gCheminData + gFichierBest);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 } // namespace
 
 class TestFrmBest : public QObject {
@@ -92,20 +86,6 @@ private slots:
         QCOMPARE(frmBest::FormatTemps(t), text);
     }
 
-    // The captions are drawn in black, centred at the top of their labels, and the longest name of
-    // wide letters stays inside its label.
-    void rowsAreDrawnWhole()
-    {
-        fillTables();
-        frmBest best(fond->dialogOwner());
-        best.Form_Load();
-        for (int i = 0; i < 9; ++i) {
-            QCOMPARE(captionFault(best.labNom[i], Qt::black), QString());
-            QCOMPARE(captionFault(best.labScore[i], Qt::black), QString());
-        }
-        QVERIFY(best.labNom[6]->fontMetrics().horizontalAdvance(kNoms[6]) <= best.labNom[6]->width());
-    }
-
     void emptyRowsShowDotsAtLevelZero()
     {
         RazBest();
@@ -127,7 +107,7 @@ private slots:
     {
         fillTables();
         QVERIFY(EcritBest());
-        const QByteArray before = storedBytes();
+        const QByteArray before = readAll(gCheminData + gFichierBest);
         QStringList shown;
         run(fond->dialogOwner(), [this, &shown](frmBest *b) {
             QCOMPARE(b->geometry().center(), fond->geometry().center());
@@ -137,6 +117,13 @@ private slots:
             QVERIFY(b->isVisible());
             QVERIFY(fond->tambour.played.isEmpty());
             shown = texts(b);
+            // The captions are drawn in black, centred at the top of their labels, the longest name of
+            // wide letters inside its label.
+            for (int i = 0; i < 9; ++i) {
+                QCOMPARE(captionFault(b->labNom[i], Qt::black), QString());
+                QCOMPARE(captionFault(b->labScore[i], Qt::black), QString());
+            }
+            QVERIFY(b->labNom[6]->fontMetrics().horizontalAdvance(kNoms[6]) <= b->labNom[6]->width());
             QTest::mouseClick(b->Image1, Qt::LeftButton);
         });
         QCOMPARE(shown, kNoms + kScores);
@@ -146,7 +133,7 @@ private slots:
         });
         QCOMPARE(shown, kNoms + kScores);
         QCOMPARE(fond->tambour.played, kClick + kClick);
-        QCOMPARE(storedBytes(), before);
+        QCOMPARE(readAll(gCheminData + gFichierBest), before);
         QCOMPARE(gBestNom3[1], QStringLiteral("WWWWWWWWWWWWWWWW"));
         QCOMPARE(gBestTemps1[2], 4725.0);
     }

@@ -258,19 +258,6 @@ private slots:
         }
     }
 
-    void aLaterRunReadsTheTables()
-    {
-        QDir().mkpath(data());
-        QByteArray file;
-        for (int i = 0; i < 9; ++i) file += bestLine({i + 1, 100.0 + i, QStringLiteral("JOUEUR%1").arg(i)});
-        writeAll(bestPath(), file);
-        InitDonnees();
-        QCOMPARE(gBestNiveau1[1], 1);
-        QCOMPARE(gBestNom2[2], QStringLiteral("JOUEUR4"));
-        QCOMPARE(gBestTemps3[3], 108.0);
-        QCOMPARE(readAll(bestPath()), file); // not rewritten
-    }
-
     // A file cut short, or a gigabyte long, is kept beside and written anew from the rows it held.
     void aShortOrHugeFileIsRewrittenFromItsRows()
     {
@@ -295,15 +282,23 @@ private slots:
         QCOMPARE(QFileInfo(bestPath() + QStringLiteral(".1")).size(), qint64(1) << 30);
     }
 
-    void leftoversOfAnInterruptedWriteAreRemovedAtStart()
+    // A later run reads the tables, leaves a whole file as it is, and removes what a write cut short left.
+    void aLaterRunReadsTheTablesAndRemovesLeftovers()
     {
         QDir().mkpath(data());
         const QStringList leftovers = {".mlbestTime.dat.k3Jq9Z", ".ma partie.sml.Ab12Cd"};
         const QStringList kept = {".x.sml.abcdefg", "ma partie.sml", "mlbestTime.dat", "mlbestTime.dat.1",
                                   "notes.sml.backup"};
         for (const QString &name : leftovers + kept) writeAll(data() + name, kEmptyLine);
+        QByteArray file;
+        for (int i = 0; i < 9; ++i) file += bestLine({i + 1, 100.0 + i, QStringLiteral("JOUEUR%1").arg(i)});
+        writeAll(bestPath(), file);
         InitDonnees();
         QCOMPARE(QDir(data()).entryList(QDir::Files | QDir::Hidden, QDir::Name), kept);
+        QCOMPARE(readAll(bestPath()), file);
+        QCOMPARE(gBestNiveau1[1], 1);
+        QCOMPARE(gBestNom2[2], QStringLiteral("JOUEUR4"));
+        QCOMPARE(gBestTemps3[3], 108.0);
     }
 
     void aDataFolderThatCannotBeReachedLeavesThePathEmpty()
