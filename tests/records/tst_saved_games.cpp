@@ -43,12 +43,9 @@ private slots:
         gNomPartie = QStringLiteral("suite");
         gNomJoueur = QStringLiteral("AUTRE");
         QVERIFY(ChargePartie(2));
-        QCOMPARE(gNomJoueur, QStringLiteral("JOUEUR"));
-        QCOMPARE(gNiveau, 999);
-        QCOMPARE(gTempsTotal, 5000.0);
+        QCOMPARE((std::tuple{gNomJoueur, gNiveau, gTempsTotal}), (std::tuple{QString("JOUEUR"), 999, 5000.0}));
         QVERIFY(ChargePartie(3)); // never played in this file
-        QCOMPARE(gNiveau, 0);
-        QCOMPARE(gTempsTotal, 0.0);
+        QCOMPARE((std::pair{gNiveau, gTempsTotal}), (std::pair{0, 0.0}));
 
         // Characters the files cannot give back are replaced; the case is the file's.
         writeAll(path("main"), "\"Jo\tUEUR\x81\"\r\n7\r\n1234\r\n0\r\n0\r\n0\r\n0\r\n");
