@@ -233,23 +233,17 @@ private slots:
 
     void aFailedFsyncFailsTheWrite()
     {
-        const QList<std::pair<const char *, std::function<bool()>>> writes = {
-            {"best times",
-             [] {
-                 gBestNom2[1] = QStringLiteral("NOUVEAU");
-                 return EcritBest();
-             }},
-            {"new saved game", [this] { return CreePartie(fond->filList, QStringLiteral("c")); }},
-            {"saved game", [] {
-                 gNomPartie = QStringLiteral("a");
-                 gJeu = 2;
-                 return rewriteSavedGame();
-             }}};
+        gNomPartie = QStringLiteral("a");
+        gJeu = 2;
+        const QList<std::pair<const char *, std::function<int()>>> writes = {
+            {"best times", [] { return (gBestNom2[1] = QStringLiteral("NOUVEAU"), int(EcritBest())); }},
+            {"new saved game", [this] { return int(CreePartie(fond->filList, QStringLiteral("c"))); }},
+            {"saved game", [] { return int(rewriteSavedGame()); }}};
         for (const auto &[what, write] : writes) {
             prepare();
             writeAll(data() + QStringLiteral("mlbestTime.dat"), kBestRead);
             InitDonnees();
-            QVERIFY2(withFault("fsync", 1, Fail, [&] { return int(write()); }) == 0, what);
+            QVERIFY2(withFault("fsync", 1, Fail, write) == 0, what);
             QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")), kBestRead);
             QCOMPARE(readAll(data() + QStringLiteral("a.sml")), kOldA);
             QVERIFY2(!QFile::exists(data() + QStringLiteral("c.sml")), what);

@@ -1,20 +1,11 @@
 // The whole cycle of the records at the real window: play, rank, save, quit, start again, load,
 // and the bytes of the best-times file and of the saved game at each step.
+#include "best_times_bytes.h"
 #include "cue_names.h"
-#include "file_bytes.h"
 #include "frmFile.h"
 #include "play_session.h"
 
-#include <QFile>
-
 namespace {
-
-QByteArray bestLine(const char *text27) { return '"' + QByteArray(text27) + "\"\r\n"; }
-
-const QByteArray kEmptyRow = bestLine("00000000000................");
-
-// The best-times file with game 1's rows given and the other games empty.
-QByteArray bestFile(const QByteArray &game1Rows) { return game1Rows + kEmptyRow.repeated(6); }
 
 // Placement orders that solve levels 0 and 1 of Jeu 1, as lower-board cells.
 const QList<QPoint> kLevel0 = {{3, 4}, {3, 3}, {3, 0}, {3, 1}, {3, 2}};
@@ -67,19 +58,18 @@ private slots:
     {
         // A first run: the data folder and a best-times file of empty rows.
         startProgram(true);
-        QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")), kEmptyRow.repeated(9));
+        QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")), timesFile());
 
         // A new game; with no saved game on disk the name is asked at once.
         s.startGame(1, QStringLiteral("anne"));
         QCOMPARE(gJeu, 1);
         winLevel(kLevel0, 3); // level 0 in 3 s scores below the empty rows: no place, no write
         QCOMPARE(gNiveau, 1);
-        QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")), kEmptyRow.repeated(9));
+        QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")), timesFile());
         winLevel(kLevel1, 5);
         QCOMPARE(gNiveau, 2);
         QCOMPARE(gTempsTotal, 8.0);
-        const QByteArray afterTwo = bestFile(bestLine("00100000008ANNE            ") + kEmptyRow + kEmptyRow);
-        QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")), afterTwo);
+        QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")), timesFile(1, {timesLine(1, 8, "ANNE")}));
         QCOMPARE(s.fond->tambour.played.count(QStringLiteral("marel001.wav")), 1);
 
         // Abandon with a save under a name; the seconds of the level in play are not kept.
@@ -132,7 +122,7 @@ private slots:
         QCOMPARE(s.lastMessage, QStringLiteral("Voulez-vous sauver la partie :\nma partie"));
         QCOMPARE(readAll(partie()), QByteArray("\"ANNE\"\r\n999\r\n12\r\n0\r\n0\r\n0\r\n0\r\n"));
         QCOMPARE(readAll(data() + QStringLiteral("mlbestTime.dat")),
-                 bestFile(bestLine("00200000012ANNE            ") + kEmptyRow + kEmptyRow));
+                 timesFile(1, {timesLine(2, 12, "ANNE")}));
 
         // Loading a finished game gives the message and no board.
         answerInTurn({s.reply(QStringLiteral("Charger")), chooseRow(0, &shown), s.reply(QStringLiteral("Fermer"))});
@@ -143,21 +133,10 @@ private slots:
         QCOMPARE(readAll(partie()), QByteArray("\"ANNE\"\r\n999\r\n12\r\n0\r\n0\r\n0\r\n0\r\n"));
     }
 
-    void namesAreStoredAsTheyAreShown()
+    // A pasted name of sixteen characters stays sixteen, and one outside the code page becomes '?'.
+    void aPastedNameIsTakenAsTheFilesHoldIt()
     {
         startProgram(true);
-        // A quote becomes an apostrophe; only the capitals that the code page holds are taken.
-        s.startGame(1, QStringLiteral("a\",b ßµÿ"));
-        QCOMPARE(gNomJoueur, QStringLiteral("A',B ßµŸ"));
-        winLevel(kLevel0, 0); // level 0 in no time takes row 1
-        answerInTurn({s.reply(QStringLiteral("Abandonner")), s.reply(QStringLiteral("Annuler"))});
-        s.clickMenu(3);
-        startProgram(false);
-        QCOMPARE(gBestNom1[1], QStringLiteral("A',B ßµŸ"));
-        QCOMPARE(gBestNom1[2], QStringLiteral("................"));
-        QCOMPARE(gBestNom2[1], QStringLiteral("................"));
-
-        // Pasted: sixteen characters stay sixteen, and one outside the code page becomes '?'.
         answerInTurn({[](QWidget *dialog) {
             auto *mess = qobject_cast<frmMess *>(dialog);
             mess->txtReponse->insert(QString(15, QChar(0xDF)) + QChar(0x142));
@@ -170,14 +149,8 @@ private slots:
     void declinedLoadsAndSavesChangeNothing()
     {
         startProgram(true);
-        QFile garbled(data() + QStringLiteral("abîmée.sml"));
-        QVERIFY(garbled.open(QIODevice::WriteOnly));
-        garbled.write("\"ZOE\"\r\n1\r\n");
-        garbled.close();
-        QFile good(partie());
-        QVERIFY(good.open(QIODevice::WriteOnly));
-        good.write("\"ZOE\"\r\n1\r\n40\r\n0\r\n0\r\n0\r\n0\r\n");
-        good.close();
+        writeAll(data() + QStringLiteral("abîmée.sml"), "\"ZOE\"\r\n1\r\n");
+        writeAll(partie(), "\"ZOE\"\r\n1\r\n40\r\n0\r\n0\r\n0\r\n0\r\n");
         gNomJoueur = QStringLiteral("ANNE");
         gNiveau = 0;
         gTempsTotal = 0;

@@ -43,12 +43,9 @@ private slots:
         gNomPartie = QStringLiteral("suite");
         gNomJoueur = QStringLiteral("AUTRE");
         QVERIFY(ChargePartie(2));
-        QCOMPARE(gNomJoueur, QStringLiteral("JOUEUR"));
-        QCOMPARE(gNiveau, 999);
-        QCOMPARE(gTempsTotal, 5000.0);
+        QCOMPARE((std::tuple{gNomJoueur, gNiveau, gTempsTotal}), (std::tuple{QString("JOUEUR"), 999, 5000.0}));
         QVERIFY(ChargePartie(3)); // never played in this file
-        QCOMPARE(gNiveau, 0);
-        QCOMPARE(gTempsTotal, 0.0);
+        QCOMPARE((std::pair{gNiveau, gTempsTotal}), (std::pair{0, 0.0}));
 
         // Characters the files cannot give back are replaced; the case is the file's.
         writeAll(path("main"), "\"Jo\tUEUR\x81\"\r\n7\r\n1234\r\n0\r\n0\r\n0\r\n0\r\n");
@@ -74,35 +71,35 @@ private slots:
         QCOMPARE(QFileInfo(path("enorme") + QStringLiteral(".1")).size(), qint64(1) << 30);
     }
 
+    // A file cut short, garbled or absent loads nothing and changes nothing; a garbled one is not rewritten.
     void aFailedLoadChangesNothing()
     {
+        const QByteArray garbled = QByteArray(kJoueur).replace("1234", "12a4");
         writeAll(path("court"), kJoueur.left(20));
-        writeAll(path("abime"), QByteArray(kJoueur).replace("1234", "12a4"));
+        writeAll(path("abime"), garbled);
         for (const char *nom : {"court", "abime", "absente"}) {
             gNomPartie = QLatin1String(nom);
             gNomJoueur = QStringLiteral("ANNE");
             gNiveau = 4;
             gTempsTotal = 77;
             QVERIFY(!ChargePartie(1));
-            QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
-            QCOMPARE(gNiveau, 4);
-            QCOMPARE(gTempsTotal, 77.0);
+            QCOMPARE((std::tuple{gNomJoueur, gNiveau, gTempsTotal}), (std::tuple{QString("ANNE"), 4, 77.0}));
         }
+        gNomPartie = QStringLiteral("abime");
+        gJeu = 3;
+        QVERIFY(!rewriteSavedGame());
+        QCOMPARE(readAll(path("abime")), garbled);
     }
 
-    void aNewNameGetsTheBlankRecord()
+    // A new name gets the blank record; an existing saved game is never touched, though another case
+    // is another name here.
+    void onlyANewNameMakesASavedGame()
     {
         QVERIFY(CreePartie(fond->filList, QStringLiteral("seize caractères")));
         QCOMPARE(readAll(path("seize caractères")), formatSavedGame(blankSavedGame()));
         QVERIFY(!CreePartie(fond->filList, QString()));
-    }
-
-    void anExistingSavedGameIsNeverTouched()
-    {
         writeAll(path("Zoe"), kJoueur);
         QVERIFY(!CreePartie(fond->filList, QStringLiteral("Zoe")));
-        QCOMPARE(readAll(path("Zoe")), kJoueur);
-        // Another case is another name here; the first file stays as it was.
         QVERIFY(CreePartie(fond->filList, QStringLiteral("zoe")));
         QCOMPARE(readAll(path("Zoe")), kJoueur);
     }
@@ -124,37 +121,20 @@ private slots:
         }
     }
 
+    // A rewrite keeps the other games of the file, and writes this one even when the file went meanwhile.
     void aRewriteKeepsTheOtherGames()
     {
         writeAll(path("suite"), kJoueur);
-        gNomPartie = QStringLiteral("suite");
         gNomJoueur = QStringLiteral("ÉLISE");
         gJeu = 3;
         gNiveau = 12;
         gTempsTotal = 600;
-        QVERIFY(rewriteSavedGame());
+        for (const char *nom : {"suite", "disparue"}) {
+            gNomPartie = QLatin1String(nom);
+            QVERIFY(rewriteSavedGame());
+        }
         QCOMPARE(readAll(path("suite")), QByteArray("\"\xC9LISE\"\r\n7\r\n1234\r\n999\r\n5000\r\n12\r\n600\r\n"));
-    }
-
-    void aRewriteOverAFileItCannotReadWritesNothing()
-    {
-        const QByteArray garbled = QByteArray(kJoueur).replace("1234", "12a4");
-        writeAll(path("abime"), garbled);
-        gNomPartie = QStringLiteral("abime");
-        gJeu = 3;
-        QVERIFY(!rewriteSavedGame());
-        QCOMPARE(readAll(path("abime")), garbled);
-    }
-
-    void aRewriteOfAFileGoneMeanwhileStillKeepsThisGame()
-    {
-        gNomPartie = QStringLiteral("disparue");
-        gNomJoueur = QStringLiteral("A");
-        gJeu = 1;
-        gNiveau = 999;
-        gTempsTotal = 356400;
-        QVERIFY(rewriteSavedGame());
-        QCOMPARE(readAll(path("disparue")), QByteArray("\"A\"\r\n999\r\n356400\r\n0\r\n0\r\n0\r\n0\r\n"));
+        QCOMPARE(readAll(path("disparue")), QByteArray("\"\xC9LISE\"\r\n0\r\n0\r\n0\r\n0\r\n12\r\n600\r\n"));
     }
 
     void aFullDiskCostsNoSavedGame()
@@ -173,16 +153,12 @@ private slots:
         QCOMPARE(readAll(path("suite")), kJoueur);
         QVERIFY(!QFile::exists(path("nouvelle")));
         QCOMPARE(QDir(folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList({"suite.sml"}));
-    }
-
-    void aRewriteIntoARemovedFolderFailsAndTheProgramGoesOn()
-    {
+        // Into a folder removed meanwhile, both fail and the program goes on.
         gCheminData = folder->path() + QStringLiteral("/parti/");
-        gNomPartie = QStringLiteral("suite");
-        gJeu = 2;
         QVERIFY(!rewriteSavedGame());
         QVERIFY(!CreePartie(fond->filList, QStringLiteral("nouvelle")));
     }
+
 };
 
 QTEST_MAIN(TestSavedGames)
