@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The three game screens of the real main window: the redraw of a full board and the handling of one
 // click, and the processor time of the pause after a won level. Google Benchmark; figures only.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The floor of start-up: the least a Qt Widgets program does to show the same 600 x 600 picture as
 // Marelle's window, in a frameless window of fixed size. bench/run times it beside Marelle.
 #include <QApplication>

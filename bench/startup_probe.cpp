@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Start-up probe: starts a windowed program on the X display of $DISPLAY and measures, for each run,
 // the time from the start to the window shown and painted, and the memory it holds at that moment.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "blanks.h"
 
 QString trimBlanks(const QString &text)

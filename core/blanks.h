@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Blanks, as names and answers are trimmed of them.
 #pragma once
 

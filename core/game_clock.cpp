@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The game clock: the seconds of the level in play, and what a won level adds to the game's total.
 #include "frmFond.h"
 #include "modBase.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The level stores built into the program, and the number of levels each holds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "modBase.h"
 
 QString gCheminApp;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The shared record: the program-wide variables that every window and routine reads.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Play control: what the seven menu buttons do in each state of gJeu, the start of a game, the
 // question of a running game, the way from one won level to the next and the close of a game.
 #include "codepage.h"

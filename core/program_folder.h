@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The folder of a path, with exactly one trailing separator.
 #pragma once
 

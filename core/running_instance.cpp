@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "running_instance.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Detection of another running instance of the program, through a lock file in the user's runtime folder.
 #pragma once
 

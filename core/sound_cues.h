@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's six sound cues, named by what they mark, with the wave file each one plays. The
 // build copies and installs these files, and the sound generator writes them, by this list.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Start-up: from the program's entry to the idle main window.
 #include "best_times.h"
 #include "frmFond.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The neighbours of a cell as the rules of every game take them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Renders an SVG picture into a square PNG of the given size: render_icon <in.svg> <size> <out.png>.
 #include <QImage>
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "best_times.h"
 
 #include "best_times_file.h"

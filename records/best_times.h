@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The best-times tables of the three games and their file in the data folder, from start-up on.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lines of the best-times file: a quoted text of 27 characters per row, the level on 3 digits,
 // the time on 8 and the name on 16, then CR LF.
 #pragma once

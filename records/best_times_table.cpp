@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "best_times_table.h"
 
 double bestScore(int32_t niveau, double temps) { return niveau * 1000000.0 + (1000000.0 - temps); }

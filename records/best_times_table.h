@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ranking of one game's best-times table: rows 1 to 3, best first, by level then by time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "best_times_update.h"
 
 #include "best_times.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A won level enters the best-times table of its game: a place sounds the cue and rewrites the file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Windows-1252, the 8-bit code page of the best-times file and the saved games, so that both can be
 // carried to and from Windows systems, accents included.
 #pragma once

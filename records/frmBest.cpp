@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frmBest.h"
 
 #include "best_times.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The best-times screen: the three tables at once, nine names each over a level and a time.
 #pragma once
 

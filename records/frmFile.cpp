@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frmFile.h"
 
 #include "fonts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The saved-game chooser: the names of a file list, five at a time, one of them marked.
 #pragma once
 

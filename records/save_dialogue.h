@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The offer to save, when a game is left or finished.
 #pragma once
 

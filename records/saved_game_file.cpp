@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "saved_game_file.h"
 
 #include "best_times_table.h"

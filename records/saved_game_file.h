@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A saved game on disk: seven lines, the player's name in quotes, then a level and a time for each
 // of the three games, each line ending in CR LF.
 #pragma once

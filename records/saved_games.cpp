@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "saved_games.h"
 
 #include "codepage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Saved games in the data folder: loading one into the shared record, creating a new one, and
 // writing the running game's progress into it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text_fields.h"
 
 FieldReader::FieldReader(const QByteArray &bytes) : mBytes(bytes) {}

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fields of a text written one item per line, read in order: a quoted text runs to its closing quote,
 // a bare field to the next comma or line end. Past the last field there is none.
 #pragma once

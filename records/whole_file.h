@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The record files on disk: read in a bounded amount, and written whole or not at all. A full disk,
 // a file-size limit, a removed folder, an I/O error or a kill at any moment never leaves half a file:
 // the old one stays as it was until the new one is complete, on disk, and put in its place in one step.

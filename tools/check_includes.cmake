@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Who may include what, read from the #include lines of the sources:
 # - code with no window (the models, the shared record, the file formats, the level tools and
 #   generators) includes no header of Qt Widgets and not frmFond.h;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Checks the three shipped level stores: prints a table of figures and the difficulty of every
 // level per game, and fails when any fact about the levels does not hold. Given a picture file, it
 // also draws the three difficulty curves into it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "difficulty_picture.h"
 
 #include "difficulty_curve.h"

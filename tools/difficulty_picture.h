@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the difficulty curves of the three games into one picture.
 #pragma once
 

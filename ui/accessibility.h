@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What assistive technology is told of the program's windows: the picture buttons (the menu's hot
 // spots, the dialogs' label buttons, the catalogue picture) as push buttons named by their words, with
 // a press action that does what a click does; labels named by their meaning; and of a window's

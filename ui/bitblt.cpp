@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bitblt.h"
 
 #include "surface.h"

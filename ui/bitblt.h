@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rectangle copy between persistent images with the three raster operations the program draws with.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "click_label.h"
 
 #include <QMouseEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A label that answers a click: the buttons of the dialogs are labels over button pictures.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The wave player behind the sound control. It lives in a module of its own beside the program, so
 // that the sound libraries are loaded only once the window has shown or a cue is asked for.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The wave player module: one sound effect per wave, made at its first use and kept.
 #include "cue_player.h"
 

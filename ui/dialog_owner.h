@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a dialog needs of the main window.
 #pragma once
 

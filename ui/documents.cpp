@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "documents.h"
 
 #include "modBase.h"

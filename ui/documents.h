@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Opening documents beside the program in the viewers the user has registered for them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window's file list: the names of the plain files of one folder that match a pattern,
 // without folder, sorted by name ignoring case. It reads the folder only when refreshed.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's one typeface, Arial, bold or plain, at pixel sizes so that text lands on the same pixels everywhere.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The main window: a fixed, borderless 600 x 600 picture with the menu column, the level label,
 // the clock and the three game screens, and the program's start-up.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frmMess.h"
 
 #include "fonts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The message dialog: a message, up to three label buttons and an optional one-line box.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A transparent area of a window that takes the mouse: the drag strip and the menu buttons.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "frmFond.h"
 #include "running_instance.h"
 

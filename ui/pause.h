@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pause after a won level: events go on being handled, the processor rests.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A dialog made of a picture: borderless, the picture's size, centred on its parent, the main window,
 // each time it shows. Only clicks on its own labels answer it: Escape and Enter do nothing.
 #pragma once

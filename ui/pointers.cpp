@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pointers.h"
 
 #include "surface.h"

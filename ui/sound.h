@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's sound cues.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "surface.h"
 
 #include "bitblt.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A picture surface: a widget that keeps a persistent image and shows it when refreshed.
 #pragma once
 

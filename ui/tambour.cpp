@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tambour.h"
 
 #include "cue_player.h"

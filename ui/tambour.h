@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sound and catalogue control, driven by dispatch ids as the program's family of controls is:
 // property 5 is the path of the wave file it holds, property 1 takes a command (7 stops the wave,
 // 6 plays it from its start), and method 24 opens a compiled help file in its registered viewer.

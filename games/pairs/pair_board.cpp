@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pair_board.h"
 
 #include "neighbours.h"

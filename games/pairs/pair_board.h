@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tile pairs: the board of one level and its rules, with no window.
 #pragma once
 

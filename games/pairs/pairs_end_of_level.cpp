@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Jeu 3: what follows a removed pair when the board is empty.
 #include "best_times_update.h"
 #include "frmFond.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Jeu 3 on the screen: the tiles on the window's own background, selection, pairs, take-back and the cues.
 #include "bitblt.h"
 #include "frmFond.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "stone_board.h"
 
 #include "neighbours.h"

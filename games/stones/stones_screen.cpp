@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Jeu 2 on the screen: the stones on the window's own background, the mouse, the cues and the end of a level.
 #include "best_times_update.h"
 #include "bitblt.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tile_board.h"
 
 #include "neighbours.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Jeu 1 on the screen: the target board above, the sockets below, the mouse, the cues and the end of a level.
 #include "best_times_update.h"
 #include "bitblt.h"

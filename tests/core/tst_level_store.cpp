@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The level stores: what ChargeNiveaux loads, and how many levels a store holds.
 #include "level_store.h"
 #include "modBase.h"

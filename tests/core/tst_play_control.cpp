@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Play control at the real window: each menu button in each state, the start of a game, the
 // question of a running game ("Annuler", "Rejouer" with and without Ctrl, "Abandonner") and quitting.
 #include "cue_names.h"

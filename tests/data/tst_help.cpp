@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The help pages and the compiled catalogue, as the build lays them out beside the program:
 // pages present and identical to their sources, self-contained, in UTF-8, covering every command, and a catalogue that
 // is a compiled help file holding its pages.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Plays the real program on its own X server through real X events, as a player would: level 0 of
 # each game won, the first game saved at abandon, the others not; the best-times file checked byte
 # for byte; quit, restart, and the saved game loaded back where it was.

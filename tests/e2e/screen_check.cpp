@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Checks a screenshot of the whole X screen against what the window must show, built here from the
 // artwork alone: a game's board for a given expected position, the level label, or a message dialog.
 //

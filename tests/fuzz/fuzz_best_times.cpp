@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes read as a best-times file give at most nine rows, each of which writes back to a line of
 // the fixed layout and reads back as written. A row the program can write, made from the same bytes,
 // reads back with the same values.

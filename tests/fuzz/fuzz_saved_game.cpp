@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes read as a saved game give either nothing or a game that writes back and reads back with
 // the same levels and times, and the same player when the name holds no quote, which the format
 // cannot hold. A game the program can write, made from the same bytes, reads back with the same values.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Runs one fuzz target for a bounded time over the corpus kept in the project; new inputs go to a
 # scratch folder of the build, never into the source tree. Fails when the target finds anything.
 #   cmake -DFUZZER=... -DCORPUS=... -DSCRATCH=... -DSECONDS=... -P run_fuzzer.cmake

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Builds the Debian package with CPack, checks its control fields, unpacks it into a scratch root
 # and starts the program from there, headless.
 # usage: check_deb_package.sh <build folder> <scratch folder> <program folder> <bin folder>

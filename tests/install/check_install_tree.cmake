@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Installs the build into a scratch DESTDIR and checks the tree a desktop expects to find there.
 # Run with -DBUILD_DIR -DSTAGE -DPREFIX -DPROGRAM_DIR -DBIN_DIR -DDATA_DIR -DAPP_ID -DICON_SIZES.
 

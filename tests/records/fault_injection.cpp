@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Preloaded into the fault-injection test: counts the calls of the file routines that act on one
 // folder and, at the call chosen, makes that call fail or kills the process just before it.
 #include <cerrno>

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Starts the real program under a file-size limit smaller than the best-times file, with a file cut
 # short that start-up must write anew. The write fails as on a full disk: the program goes on to
 # show its window, and the old file stays whole.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The best-times screen over the real tables, closed by a click on its plate as a player closes it.
 #include "best_times.h"
 #include "file_bytes.h"

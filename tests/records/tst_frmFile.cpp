@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The saved-game chooser over a real folder of saved games, driven by clicks on its labels and arrows.
 #include "frmFile.h"
 #include "modal_answer.h"

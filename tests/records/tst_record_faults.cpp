@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The record files under injected faults. The preload library of this folder counts the calls of the
 // file routines on the data folder; each of them in turn fails, or the process is killed just before
 // it. After each run every file holds its old bytes or its new bytes, the games that were not being

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bytes of the best-times file and of saved games, the ranking of results, what any bytes read
 // back as, and the start-up of the best-times tables on a real disk.
 #include "best_times.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The whole cycle of the records at the real window: play, rank, save, quit, start again, load,
 // and the bytes of the best-times file and of the saved game at each step.
 #include "best_times_bytes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Saved games on a real disk: loading, creating under a name, rewriting, and the names and faults
 // that must never cost a saved game.
 #include "disk_full.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The best-times file built by hand: nine quoted lines, three rows for each game.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a game's screen must show, worked out pixel by pixel from the window's background and the
 // sprite sheet, and the first pixel where the screen or the window shows something else.
 #pragma once

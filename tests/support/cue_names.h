@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cues a test expects, written short: "008 009 010x3" for marel008, marel009, then three marel010.
 #pragma once
 

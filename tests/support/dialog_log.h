@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The message dialogs of a stretch of play, answered in turn and noted as they came up.
 #pragma once
 

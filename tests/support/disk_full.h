@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A full disk for the test that asks for one, without root and without a file system of its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whole files as bytes, for tests that check what lands on disk.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A look at the program at a moment inside one of its own waits, such as the pause after a won level.
 #pragma once
 

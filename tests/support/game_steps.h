@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The steps that close a level and a game, the same in the three games and checked the same way:
 // the pause after a won level that is not the last, and the close of a finished game with its save.
 #pragma once

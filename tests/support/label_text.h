@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text of a label as it must show: drawn by Qt in the label's font and colour over what lies
 // behind it, compared pixel for pixel with what the window shows.
 #pragma once

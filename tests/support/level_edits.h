@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Level records changed in the ways the level checkers must see through or catch.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A ceiling on the memory of the test process, for the tests that must show a reader takes little.
 #pragma once
 

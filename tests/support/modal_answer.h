@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Modal dialogs answered as they come up, from a repeating timer: a single shot could fire before the
 // dialog is up, and a dialog opened from inside another's answer must still be found.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A player at the real window: the program started, pauses shortened, level stores cut down, and
 // dialogs answered by clicks on their labels.
 #pragma once

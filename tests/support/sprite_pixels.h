@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures built pixel by pixel from a sprite sheet, and the first pixel where two pictures differ.
 // Plain QImage work, for the screen tests and for the end-to-end screenshot checker alike. Places and
 // sizes are logical pixels; an image drawn for a device pixel ratio of 2 holds 2 x 2 pixels for each.

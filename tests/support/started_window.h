@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program as every test of the real window starts it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Input as the window system brings it: presses that wait in its queue while the program is busy,
 // so that the program finds them all at once the next time it looks, and a close request.
 // Only a real X server queues presses that way; tests of them are skipped under offscreen.

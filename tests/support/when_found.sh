@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # when_found.sh "tool..." command...: runs the command when every tool is on the PATH; else says which
 # one is missing and ends with 77, the code ctest reports as a skipped test.
 for tool in $1; do

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The states the window goes through in a game, each checked whole: in play, in the pause after a
 // won level, at the close of a finished game, and idle.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window and its dialogs as assistive technology finds them through Qt's accessibility
 // interfaces: what each window lists (only what is shown), the picture buttons as named push buttons
 // whose press does what a click does (and nothing where a click would be lost), the labels named.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // BitBlt past the edges of either image: only the part both images hold is copied.
 #include "bitblt.h"
 

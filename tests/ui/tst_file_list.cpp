@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window's file list over a real folder, and over one that is gone.
 #include "file_list.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Start-up in this process: the shared record after Form_Load, and one start at a time.
 #include "frmFond.h"
 #include "modBase.h"

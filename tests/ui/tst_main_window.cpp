@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The main window driven as a player would: the idle window, the menu art, the screens, the drag,
 // the Ctrl key and the clock.
 #include "board_oracle.h"

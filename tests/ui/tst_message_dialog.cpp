@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The message dialog answered by clicks on its labels, as a player answers it.
 #include "frmMess.h"
 #include "label_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window moved between screens of device pixel ratios 1, 2 and 1.5, a game of Jeu 3 under way
 // with a tile selected: at each whole ratio every surface holds the art drawn for it and the board
 // shows, pixel for pixel, what the model and that art make; at 1.5 the 2x art is brought down

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The real program as the desktop starts it: a second start ends at once, silently, touching
 // nothing, and leaves the first running; nothing is printed; an X server is preferred to Wayland.
 #include <QFileInfo>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sound cues and outside documents: JoueSon and the player module behind it, OuvreAide with its
 // three outcomes, and the catalogue.
 #include "cue_player.h"

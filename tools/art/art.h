@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The artwork generator: materials, lighting and the drawing of each picture.
 // Every picture is lit from the top left, the same way, so that bevels agree.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a colour is seen without one kind of cone: the simulation of Machado, Oliveira and Fernandes
 // (2009) at severity 1, applied in linear RGB. For the pictures that show the game to such eyes and
 // for the checks that its colours stay apart.

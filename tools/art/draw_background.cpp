@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The main window's picture, 600 x 600: a cherry wood frame with the strip to
 // drag by along the top, the column of the level, the clock and the menu on the
 // left, and the slate play area on which all three games lie. The play area

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialogs' pictures: the message box (300 x 300) with the plate of its first
 // button, the plate of the other two buttons (180 x 30), the best-times screen
 // (400 x 540) and the saved-game chooser (300 x 300). Texts are labels laid on

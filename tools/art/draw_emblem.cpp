@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Picture1, 90 x 90, at (0, 510) of the window: an ivory medallion with a pair of
 // cherries over an open book, inviting the player to the publisher's catalogue.
 // The cherries also mark the corner of the dialogs.

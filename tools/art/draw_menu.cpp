@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // pctMenu, 160 x 375: the seven round buttons of the menu, twice. The column at
 // x = 0 is lit for a program at rest (the three games and quitting), the one at
 // x = 80 for a game running (abandoning). The scores and help buttons look the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // pctPion3, the sheet of game 3: a row for each colour (blue, red, green,
 // yellow), columns 0 to 3 the tiles with 1 to 4 pips, columns 4 to 7 the same
 // tiles selected, which stand 2 pixels in from every side. Column 8 holds the

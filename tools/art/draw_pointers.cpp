@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two mouse pointers, 32 x 32 with alpha: a brass arrow shared by the
 // buttons, the screens and the dialogs, and a hand over the catalogue picture.
 // Their hot spots are kPointerHotSpot and kHandHotSpot (art.h), also written

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // pctPion2, the sheet of game 2: the stone at x = 0 on white, its mask at x = 60.
 // The stone is a round piece of tan and brown with a green centre.
 

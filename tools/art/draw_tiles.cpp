@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // pctPion1, the sheet of game 1: six opaque 54 x 54 cells in a row. Cells 0 to 3
 // are blue tiles with 1 to 4 pips, cell 4 the empty grey socket, cell 5 the
 // smiling yellow tile of a won level.

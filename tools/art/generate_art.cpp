@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the program's pictures: generate_art <output folder>.
 // Everything is drawn here, lit from the top left, with fixed seeds for the
 // textures, so every run gives the same files. Each picture is drawn at 1x, 2x

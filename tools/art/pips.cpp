@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pips: where they stand on a tile and how they are drawn. Games 1 and 3 lay
 // them out alike, so a tile of 3 reads the same in both.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Shapes given by signed distance, lit from the top left, and the small
 // compositing steps that every drawing file uses.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Seeded noise and the materials built on it: cherry wood for the frames, slate
 // for the play area. Only the raw output of mt19937 is used, mapped here, so the
 // pictures come out the same with any standard library.

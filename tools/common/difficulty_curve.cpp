@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "difficulty_curve.h"
 
 #include <algorithm>

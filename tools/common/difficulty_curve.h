@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The difficulty of the levels along a store: printed level by level and per block of 20, and
 // judged on how steadily it rises.
 #pragma once

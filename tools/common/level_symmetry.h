@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // When two levels are the same puzzle: the same cells moved elsewhere on the board, or seen in a
 // mirror or turned where the rules do not tell the two apart.
 #pragma once

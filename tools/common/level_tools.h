@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the level generators and checkers of the three games share: levels whose records are
 // fixed in advance, the collection of failed facts, and the seeded random draws.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Takes the pictures of the help pages from the real window, at 1x and 2x: each game's level 000 as
 // it comes up and after a first move, cut to the part of the board in use. Also the pictures of the
 // README: Jeu 3 in play at 1x and 2x, and its board as eyes without one kind of cone see it.

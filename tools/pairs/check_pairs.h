@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Checks a tile pairs level store against what the shipped levels must satisfy.
 #pragma once
 

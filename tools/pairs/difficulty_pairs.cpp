@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "difficulty_pairs.h"
 
 #include "level_tools.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How hard a tile pairs level is, as a player who pairs at random finds it.
 #pragma once
 

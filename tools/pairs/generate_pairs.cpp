@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the tile pairs level store: 120 levels of 81 bytes, the fixed records in their places and
 // the others built backwards from an empty board, so each has a solution. For each other place a
 // level is drawn until its difficulty lies near a curve rising from the first place to the last; the

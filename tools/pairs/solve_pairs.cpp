@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "solve_pairs.h"
 
 #include "neighbours.h"

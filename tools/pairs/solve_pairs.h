@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A solver for tile pairs levels: finds a sequence of pairs that empties the board.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cues.h"
 
 #include "sound_cues.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the program's six sound cues as wave files into the folder given on the command line.
 // The output is the same, byte for byte, on every run.
 #include "cues.h"

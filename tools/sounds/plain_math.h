@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Sine and exponential built from plain arithmetic only. The C library's versions may differ

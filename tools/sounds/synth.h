@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Additive synthesis of short cues: enveloped tones made of partials, shaped noise, and the

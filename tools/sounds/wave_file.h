@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Canonical RIFF wave files: a 44-byte header followed by 16-bit mono PCM samples.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "check_stones.h"
 
 #include "difficulty_curve.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Checks the stones level store against the facts the shipped levels must hold.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the stones level store: 100 records of 72 bytes, "0" or "1", rows top to bottom.
 // Each level is an empty board with random cells clicked, more of them as the levels go on;
 // a few levels are fixed records. The generator is seeded, so every run writes the same bytes.

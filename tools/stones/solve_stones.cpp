@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "solve_stones.h"
 
 #include "neighbours.h"

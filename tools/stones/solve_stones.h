@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Exact solving of a stones position by linear algebra over GF(2).
 #pragma once
 

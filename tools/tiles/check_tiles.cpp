@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "check_tiles.h"
 
 #include "difficulty_curve.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Checks the store of pip tile levels against what the game requires of it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "difficulty_tiles.h"
 
 #include "level_tools.h"

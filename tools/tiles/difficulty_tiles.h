@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How hard a pip tile level is, as a careful player finds it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the store of pip tile levels: generate_tiles <output file>.
 // Each level is a shape and an order of placement, recorded as the values the placements leave, so
 // every level has a solution. The fixed records keep their places. For each other place a level is

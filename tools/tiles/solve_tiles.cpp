@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "solve_tiles.h"
 
 #include "neighbours.h"

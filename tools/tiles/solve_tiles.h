@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Exact solver for pip tile levels.
 #pragma once
 

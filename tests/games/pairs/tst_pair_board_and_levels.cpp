@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pairs game: its board model worked by hand and at random, the solver's limits, and the store's
 // check, which solves every stored level and plays the solution on the real board.
 #include "check_pairs.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Jeu 3 played at the real window with the mouse: the cell under the pointer, each button's path,
 // the cues, the take-back seen step by step, the best times written at the close of a game and its
 // save, with every redraw checked pixel by pixel against a plain model of the drawing.

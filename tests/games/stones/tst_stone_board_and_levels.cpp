@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The stones game: its board model worked by hand, its solver against an exhaustive search, every
 // stored level cleared by its solution on the real board, and the store's check.
 #include "check_stones.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Jeu 2 played at the real window with the mouse: the set-up of a level, clicks and take-backs, the
 // pause after a won level, the close of the game with its offer to save, and at each step the board,
 // the pixels on the screen, the labels, the clock, the cues heard and the files left in the data folder.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tiles game: its board model worked by hand and at random, and the store's check, which solves
 // every stored level and replays the solution on the real board.
 #include "check_tiles.h"

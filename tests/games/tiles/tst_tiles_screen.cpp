@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Jeu 1 played at the real window with the mouse: a whole game from the start button to the closing
 // message and the save, the way clicks map to cells, take-backs, the pause after a won level, and
 // the best-times file as each won level leaves it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Checks the committed pictures: their sizes at 1x, 2x and 3x, the
 // mask rule of the masked sheets (drawn with OR then AND), that the labels laid on
 // the window can be read, and that the colours of game 3 stay apart for every

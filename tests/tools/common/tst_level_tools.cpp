@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the level checkers of the three games share: the rank correlation of a difficulty curve,
 // the rule on the last quarter of a store, and when two records are the same puzzle.
 #include "difficulty_curve.h"
