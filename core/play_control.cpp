@@ -102,8 +102,7 @@ void frmFond::LanceJeu(int32_t jeu)
     gTempsNiveau = 0;
     gASauver = false;
     myTimer.start();
-    labTemps->setText(QString());
-    labTemps->show();
+    showClock();
     setEnabled(true);
     gJeu = jeu;
 }
@@ -152,9 +151,8 @@ void frmFond::abandonOrReplay()
         prepareScreenOf(gJeu);
         setUpLevelOf(gJeu);
         gTempsNiveau = 0;
-        labTemps->setText(QString());
         myTimer.start();
-        labTemps->show();
+        showClock();
     } else if (reponse == QLatin1String("Abandonner")) {
         leaveGame();
     }

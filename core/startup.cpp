@@ -16,7 +16,7 @@ bool frmFond::Form_Load()
     if (!mInstance) return false;
 
     gCheminApp = withTrailingSeparator(QCoreApplication::applicationDirPath());
-    preloadCues(tambour, this);
+    preloadCues(tambour);
     gFichierBest = QStringLiteral("mlbestTime.dat");
     Picture1->show();
     InitDonnees();

@@ -9,7 +9,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QStandardPaths>
 
 namespace {
@@ -77,7 +76,9 @@ void InitDonnees()
         return;
     }
     gCheminData = QDir::toNativeSeparators(marel32b + QLatin1Char('/'));
-    removeLeftovers(gCheminData, QRegularExpression::escape(gFichierBest) + QStringLiteral(R"(|.+\.sml)"));
+    removeLeftovers(gCheminData, [](const QString &name) {
+        return name == gFichierBest || (name.size() > 4 && name.endsWith(QLatin1String(".sml")));
+    });
     RazBest();
     // A file that cannot be read to its end is written anew from the rows read, its bytes kept beside.
     const bool present = QFileInfo(gCheminData + gFichierBest).isFile();

@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
-#include <QRegularExpression>
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -142,10 +141,15 @@ bool keepBeside(const QString &path)
     return syncFolder(file);
 }
 
-void removeLeftovers(const QString &folder, const QString &names)
+void removeLeftovers(const QString &folder, const std::function<bool(const QString &)> &written)
 {
-    const QRegularExpression leftover(QStringLiteral(R"(^\.(?:%1)\.[A-Za-z0-9]{6}$)").arg(names));
+    const auto suffixCharacter = [](QChar c) { return c.unicode() < 128 && c.isLetterOrNumber(); };
     const QDir dir(folder);
-    for (const QString &name : dir.entryList(QDir::Files | QDir::Hidden | QDir::System))
-        if (leftover.match(name).hasMatch()) ::unlink(QFile::encodeName(dir.filePath(name)).constData());
+    for (const QString &name : dir.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
+        const qsizetype cut = name.size() - 7;
+        if (cut < 2 || name[0] != u'.' || name[cut] != u'.') continue;
+        const QStringView suffix = QStringView(name).sliced(cut + 1);
+        if (std::all_of(suffix.begin(), suffix.end(), suffixCharacter) && written(name.sliced(1, cut - 1)))
+            ::unlink(QFile::encodeName(dir.filePath(name)).constData());
+    }
 }

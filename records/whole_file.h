@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 
 // The record files hold a few hundred bytes; no more than this is ever read of one.
 constexpr qsizetype kRecordFileLimit = 4096;
@@ -31,5 +32,5 @@ bool createWholeFile(const QString &path, const QByteArray &bytes);
 bool keepBeside(const QString &path);
 
 // Removes from a folder the new files that a write cut short by a kill left before putting them in
-// place. `names` is a regular expression for the names of the files written there.
-void removeLeftovers(const QString &folder, const QString &names);
+// place: those whose target's name `written` accepts.
+void removeLeftovers(const QString &folder, const std::function<bool(const QString &)> &written);

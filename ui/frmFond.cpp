@@ -15,6 +15,9 @@
 
 namespace {
 
+// How long after the window's first paint what it does not show is made ready.
+constexpr int kSettleMs = 250;
+
 struct MenuButton {
     int left;
     int top;
@@ -97,9 +100,6 @@ frmFond::frmFond(std::unique_ptr<QLockFile> instance, QWidget *parent)
 
     labNiveau = makeLabel(this, "Niveau", QRect(38, 33, 40, 26), Qt::AlignHCenter | Qt::AlignTop, 0x404040);
     labTemps = makeLabel(this, "Chronomètre", QRect(36, 65, 40, 24), Qt::AlignLeft | Qt::AlignTop, 0xE0E0E0);
-    // The clock's count may run past the label's 40 pixels over the panel beside it: the label is
-    // as wide as the count of 99 hours.
-    labTemps->resize(QFontMetrics(labTemps->font()).horizontalAdvance(QStringLiteral(" 356400")), 24);
 
     pctEcran1 = makeScreen(this, pointer);
     pctEcran2 = makeScreen(this, pointer);
@@ -160,6 +160,21 @@ void frmFond::showLevelNumber()
     labNiveau->show();
 }
 
+void frmFond::showClock()
+{
+    fitClock();
+    labTemps->setText(QString());
+    labTemps->show();
+}
+
+// The clock's count may run past the label's 40 pixels over the panel beside it: the label is as
+// wide as the count of 99 hours. Measuring reads the fonts, which the idle window does not show, so
+// it is done after the window is painted, or when the clock first shows, whichever comes first.
+void frmFond::fitClock()
+{
+    labTemps->resize(QFontMetrics(labTemps->font()).horizontalAdvance(QStringLiteral(" 356400")), 24);
+}
+
 void frmFond::Form_KeyDown(int KeyCode, Qt::KeyboardModifiers)
 {
     if (KeyCode == 17) mCtrl = true;
@@ -191,6 +206,18 @@ void frmFond::paintEvent(QPaintEvent *event)
 {
     if (devicePixelRatioF() != mRatio) showAtRatio(devicePixelRatioF());
     Surface::paintEvent(event);
+    if (!mPainted) {
+        mPainted = true;
+        QTimer::singleShot(kSettleMs, this, &frmFond::afterFirstPaint);
+    }
+}
+
+// What the idle window does not show is made ready a moment after it is painted, out of the way of
+// the first frames: the sound player and the fonts of the clock.
+void frmFond::afterFirstPaint()
+{
+    tambour.player();
+    fitClock();
 }
 
 // The sheets, the menu art and the catalogue picture are pictures alone; the window's image is its

@@ -39,6 +39,8 @@ public:
     void PrepareEcran3();
     // Shows gNiveau in labNiveau on three digits.
     void showLevelNumber();
+    // Shows labTemps blank, wide enough for any count.
+    void showClock();
 
     void Form_KeyDown(int KeyCode, Qt::KeyboardModifiers Shift);
     void Form_KeyUp(int KeyCode, Qt::KeyboardModifiers Shift);
@@ -141,7 +143,10 @@ private:
     void prepareScreen(Surface *screen, Surface *sheet, const char *picture, int left, int top, int width, int height);
     // Every surface drawn again from the art that fits another device pixel ratio, and the pointers.
     void showAtRatio(qreal ratio);
+    void fitClock();
+    void afterFirstPaint();
 
     std::unique_ptr<QLockFile> mInstance;
     qreal mRatio; // the device pixel ratio the window was last drawn for
+    bool mPainted = false;
 };

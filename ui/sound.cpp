@@ -19,9 +19,9 @@ void JoueSon(Tambour &tambour, QString nom)
     tambour.propertyPut(1, 6);
 }
 
-void preloadCues(Tambour &tambour, QWidget *window)
+void preloadCues(Tambour &tambour)
 {
     QStringList waves;
     for (const char *name : cue::kAll) waves.append(gCheminApp + QLatin1String(name));
-    tambour.usePlayer(gCheminApp + QLatin1String(kCuePlayerModule), waves, window);
+    tambour.usePlayer(gCheminApp + QLatin1String(kCuePlayerModule), waves);
 }

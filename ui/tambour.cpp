@@ -4,18 +4,8 @@
 #include "cue_player.h"
 #include "documents.h"
 
-#include <QEvent>
 #include <QFileInfo>
 #include <QPluginLoader>
-#include <QTimer>
-#include <QWidget>
-
-namespace {
-
-// How long after the window's first paint the player is loaded.
-constexpr int kPlayerDelayMs = 250;
-
-} // namespace
 
 Tambour::~Tambour() { delete mPlayerObject; }
 
@@ -42,20 +32,10 @@ void Tambour::invoke(int id, const QString &argument)
     if (id == 24) openInViewer(argument, QStringLiteral("application/vnd.ms-htmlhelp"));
 }
 
-void Tambour::usePlayer(const QString &module, const QStringList &waves, QWidget *window)
+void Tambour::usePlayer(const QString &module, const QStringList &waves)
 {
     mModule = module;
     mWaves = waves;
-    window->installEventFilter(this);
-}
-
-bool Tambour::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() == QEvent::Paint) {
-        watched->removeEventFilter(this);
-        QTimer::singleShot(kPlayerDelayMs, this, &Tambour::player);
-    }
-    return false;
 }
 
 CuePlayer *Tambour::player()

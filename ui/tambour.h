@@ -11,7 +11,6 @@
 #include <QVariant>
 
 class CuePlayer;
-class QWidget;
 
 class Tambour : public QObject {
     Q_OBJECT
@@ -24,20 +23,16 @@ public:
     void propertyPut(int id, const QVariant &value);
     void invoke(int id, const QString &argument);
 
-    // Names the player module and the waves it loads at once. The module is loaded a moment after
-    // the window first paints, out of the way of the first frames, or at the first play if that
-    // comes sooner.
-    void usePlayer(const QString &module, const QStringList &waves, QWidget *window);
+    // Names the player module and the waves it loads at once. The module is loaded by player(), at
+    // the first play or sooner.
+    void usePlayer(const QString &module, const QStringList &waves);
+    // The player, loaded at the first call; null when the module is missing or unusable.
+    CuePlayer *player();
 
     // The file names of the waves played, in order: what a test listens to.
     QStringList played;
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
-    // The player, loaded at the first call; null when the module is missing or unusable.
-    CuePlayer *player();
 
     QString mPath;
     QString mModule;

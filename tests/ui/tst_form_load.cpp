@@ -6,12 +6,25 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QTest>
 
 class TestFormLoad : public QObject {
     Q_OBJECT
 
 private slots:
+    // The idle window shows no text, so nothing before its first paint reads a font.
+    void theIdleWindowPaintsBeforeAnyFontIsRead()
+    {
+        frmFond fond;
+        QVERIFY(fond.Form_Load());
+        fond.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&fond));
+        QFile maps(QStringLiteral("/proc/self/maps"));
+        QVERIFY(maps.open(QIODevice::ReadOnly));
+        QVERIFY(!maps.readAll().contains("/fonts/"));
+    }
+
     void setsTheSharedRecord()
     {
         gNomJoueur = QStringLiteral("ANCIEN");

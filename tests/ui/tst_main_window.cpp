@@ -105,7 +105,7 @@ private slots:
     void theClockShowsTheWholeCount()
     {
         const QRect wide(36, 65, 120, 24); // room for any count
-        fond->labTemps->show();
+        fond->showClock();
         for (void (frmFond::*prepare)() : {&frmFond::PrepareEcran1, &frmFond::PrepareEcran2, &frmFond::PrepareEcran3}) {
             (fond.get()->*prepare)();
             fond->labTemps->setText(QString());

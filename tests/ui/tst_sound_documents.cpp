@@ -82,7 +82,7 @@ private slots:
         fond = std::make_unique<frmFond>();
         QVERIFY(fond->Form_Load());
         gCheminApp = QStringLiteral(BUILD_ROOT "/");
-        preloadCues(fond->tambour, fond.get()); // the module and the waves of the build folder
+        preloadCues(fond->tambour); // the module and the waves of the build folder
         fond->tambour.played.clear();
         openedDocuments().clear();
         QFile::remove(viewerLog());
