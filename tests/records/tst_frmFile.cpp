@@ -94,79 +94,40 @@ private slots:
         folder.reset();
     }
 
-    void opensOnTheFirstFiveNamesInPlace()
-    {
-        const QString wide(16, QLatin1Char('M'));
-        const QStringList names = numbered(4) << wide << QStringLiteral("ZOE"); // in the order of the list
-        run(chooser(names), [&](frmFile *f) {
-            QCOMPARE(f->windowTitle(), QStringLiteral("Selecteur fichier"));
-            QCOMPARE(f->geometry().center(), fond->geometry().center());
-            QCOMPARE(captions(f), view(names, 0));
-            QVERIFY(marked(f).isEmpty());
-            QVERIFY(f->labF[4]->fontMetrics().horizontalAdvance(wide) <= f->labF[4]->width());
-            click(f->reponse[1]);
-        });
-    }
-
-    // Down clicks, then up clicks: the first index after each, the view always in step, a cue each.
-    void scrollSequences_data()
-    {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<QList<int>>("downs");
-        QTest::addColumn<QList<int>>("ups");
-        QTest::newRow("twenty: by fours, up jumps to the top")
-            << 20 << QList<int>{4, 8, 12, 15, 15} << QList<int>{11, 7, 0};
-        QTest::newRow("eleven: stops on the last five") << 11 << QList<int>{4, 6, 6} << QList<int>{0};
-        QTest::newRow("five: never moves") << 5 << QList<int>{0, 0} << QList<int>{0};
-        QTest::newRow("one: never moves") << 1 << QList<int>{0} << QList<int>{0};
-    }
-    void scrollSequences()
-    {
-        QFETCH(int, count);
-        QFETCH(QList<int>, downs);
-        QFETCH(QList<int>, ups);
-        const QStringList names = numbered(count);
-        run(chooser(names), [&](frmFile *f) {
-            for (const auto &[arrow, firsts] : {std::pair{1, downs}, std::pair{0, ups}})
-                for (int first : firsts) {
-                    click(f->imgScroll[arrow]);
-                    QCOMPARE(f->mPremier, first);
-                    QCOMPARE(captions(f), view(names, first));
-                }
-            click(f->reponse[1]);
-        });
-        QCOMPARE(fond->tambour.played, QStringList(downs.size() + ups.size() + 1, kClick));
-    }
-
-    void aClickMarksOneFilledNameAndScrollingDropsTheMark()
-    {
-        run(chooser(numbered(3)), [&](frmFile *f) {
-            for (int label : {1, 2, 3, 4}) click(f->labF[label]); // the empty labels take no click
-            QCOMPARE(f->mChoix, 2);
-            QCOMPARE(marked(f), QList<int>{2});
-            click(f->imgScroll[1]); // the view does not move, yet the mark goes
-            QCOMPARE(f->mChoix, -1);
-            QVERIFY(marked(f).isEmpty());
-            f->close();
-        });
-        QCOMPARE(fond->tambour.played, QStringList(3, kClick));
-    }
-
-    // The player's acts, by word: "L<n>" clicks label n, "down" the arrow, "charger" and "annuler" the
-    // buttons, "esc" and "ret" the keys, "close" asks the window to close. The chooser must stay up
-    // until the last act, and each act that does something is heard.
+    // The player's acts, by word: "L<n>" clicks label n; "v<n>" and "^<n>" click the down and up arrows
+    // and expect the view to start at name n; "m<n>" expects the mark on label n alone, "m" no mark;
+    // "charger" and "annuler" click the buttons, "esc" and "ret" press the keys, "close" asks the window
+    // to close. The chooser opens centred on the first five names, unmarked, and must stay up until the
+    // last act; each act that does something is heard.
     void answers_data()
     {
         QTest::addColumn<QStringList>("names");
         QTest::addColumn<QString>("acts");
         QTest::addColumn<QString>("answer");
         QTest::addColumn<int>("clicks");
-        QTest::newRow("Charger waits for a mark") << numbered(8) << "charger esc ret L2 charger" << "JOUEUR02" << 3;
-        QTest::newRow("a name marked after scrolling") << numbered(20) << "L0 down down L3 charger" << "JOUEUR11" << 5;
-        QTest::newRow("Annuler answers nothing") << numbered(4) << "L3 annuler" << "" << 2;
-        QTest::newRow("a close request answers nothing") << numbered(4) << "L3 close" << "" << 1;
+        QTest::newRow("twenty: by fours, up jumps to the top") << numbered(20) << "v4 v8 v12 v15 v15 ^11 ^7 ^0 annuler"
+                                                               << "" << 9;
+        QTest::newRow("eleven: stops on the last five") << numbered(11) << "v4 v6 v6 ^0 annuler"
+                                                        << "" << 5;
+        QTest::newRow("five: never moves") << numbered(5) << "v0 v0 ^0 annuler"
+                                           << "" << 4;
+        QTest::newRow("one: never moves") << numbered(1) << "v0 ^0 annuler"
+                                          << "" << 3;
+        QTest::newRow("empty labels take no click, scrolling drops the mark")
+            << numbered(3) << "L1 L2 L3 L4 m2 v0 m charger close"
+            << "" << 4;
+        QTest::newRow("Charger waits for a mark") << numbered(8) << "charger esc ret L2 charger"
+                                                  << "JOUEUR02" << 3;
+        QTest::newRow("a name marked after scrolling") << numbered(20) << "L0 v4 v8 L3 m3 charger"
+                                                       << "JOUEUR11" << 5;
+        QTest::newRow("Annuler answers nothing; a wide name fits")
+            << (numbered(4) << QString(16, QLatin1Char('M')) << "ZOE") << "L3 annuler"
+            << "" << 2;
+        QTest::newRow("a close request answers nothing") << numbered(4) << "L3 close"
+                                                         << "" << 1;
         QTest::newRow("a bare extension takes a row but cannot be picked")
-            << QStringList{"", "ALAIN", "BRUNO"} << "L0 charger L1 charger" << "ALAIN" << 3;
+            << QStringList{"", "ALAIN", "BRUNO"} << "L0 charger L1 charger"
+            << "ALAIN" << 3;
     }
     void answers()
     {
@@ -175,10 +136,22 @@ private slots:
         QFETCH(QString, answer);
         QFETCH(int, clicks);
         const QString got = run(chooser(names), [&](frmFile *f) {
+            QCOMPARE((std::pair{f->windowTitle(), f->geometry().center()}),
+                     (std::pair{QStringLiteral("Selecteur fichier"), fond->geometry().center()}));
+            QCOMPARE(captions(f), view(names, 0));
+            QVERIFY(marked(f).isEmpty());
+            for (ClickLabel *label : f->labF)
+                QVERIFY(label->fontMetrics().horizontalAdvance(label->text()) <= label->width());
             for (const QString &act : acts.split(u' ')) {
                 QVERIFY2(f->isVisible(), qPrintable("closed before " + act));
-                if (act.startsWith(u'L')) click(f->labF[act.mid(1).toInt()]);
-                if (act == "down") click(f->imgScroll[1]);
+                const int n = act.mid(1).toInt();
+                if (act[0] == u'L') click(f->labF[n]);
+                if (act[0] == u'v' || act[0] == u'^') {
+                    click(f->imgScroll[act[0] == u'v']);
+                    QCOMPARE(f->mPremier, n);
+                    QCOMPARE(captions(f), view(names, n));
+                }
+                if (act[0] == u'm') QCOMPARE(marked(f), act.size() > 1 ? QList<int>{n} : QList<int>{});
                 if (act == "charger" || act == "annuler") click(f->reponse[act == "annuler"]);
                 if (act == "esc" || act == "ret") QTest::keyClick(f, act == "esc" ? Qt::Key_Escape : Qt::Key_Return);
                 if (act == "close") f->close();
