@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 // The bytes of the best-times file and of saved games, the ranking of results, what any bytes read
-// back as, and the start-up of the best-times tables on a real disk.
+// back as, the start-up of the best-times tables, and saved games loaded, made and rewritten on a
+// real disk, with the names and faults that must never cost a saved game.
 #include "best_times.h"
 #include "best_times_file.h"
 #include "best_times_table.h"
 #include "codepage.h"
 #include "disk_full.h"
 #include "file_bytes.h"
+#include "file_list.h"
 #include "memory_limit.h"
 #include "modBase.h"
 #include "saved_game_file.h"
+#include "saved_games.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -21,6 +24,7 @@ namespace {
 
 QByteArray hex(const char *text) { return QByteArray::fromHex(QByteArray(text).replace(' ', "")); }
 
+const QByteArray kJoueur = "\"JOUEUR\"\r\n7\r\n1234\r\n999\r\n5000\r\n0\r\n0\r\n";
 const BestRow kEmpty{0, 0, kEmptyName};
 const QByteArray kEmptyLine = bestLine(kEmpty);
 
@@ -29,6 +33,30 @@ QByteArray bestFile(const QList<BestRow> &rows)
     QByteArray bytes;
     for (const BestRow &row : rows) bytes += bestLine(row);
     return bytes;
+}
+
+// A row as "level seconds name", and rows likewise.
+QString shown(const BestRow &row)
+{
+    return QStringLiteral("%1 %2 %3").arg(row.niveau).arg(row.temps, 0, 'g', 10).arg(row.nom);
+}
+QStringList shown(const QList<BestRow> &rows)
+{
+    QStringList texts;
+    for (const BestRow &row : rows) texts << shown(row);
+    return texts;
+}
+
+// The nine rows of the three tables in memory.
+QStringList tables()
+{
+    QList<BestRow> rows;
+    for (int jeu = 1; jeu <= 3; ++jeu)
+        for (int row = 1; row <= 3; ++row) {
+            const BestTable table = bestTable(jeu);
+            rows << BestRow{table.niveaux[row], table.temps[row], table.noms[row]};
+        }
+    return shown(rows);
 }
 
 QList<BestRow> numberedRows()
@@ -55,6 +83,19 @@ class TestRecordFormats : public QObject {
     std::unique_ptr<QTemporaryDir> home;
     QString data() const { return home->path() + QStringLiteral("/cerscore/marel32b/"); }
     QString bestPath() const { return data() + QStringLiteral("mlbestTime.dat"); }
+    QString path(const char *nom) const { return gCheminData + QString::fromUtf8(nom) + QStringLiteral(".sml"); }
+    FileList files{QStringLiteral("*.sml")};
+
+    // The game in play, as a saved game is loaded into it or written from it.
+    static void play(const char *partie, const char *joueur, int jeu, int niveau, double temps)
+    {
+        gNomPartie = QString::fromUtf8(partie);
+        gNomJoueur = QString::fromUtf8(joueur);
+        gJeu = jeu;
+        gNiveau = niveau;
+        gTempsTotal = temps;
+    }
+    static auto state() { return std::tuple{gNomJoueur, gNiveau, gTempsTotal}; }
 
 private slots:
     void init()
@@ -62,7 +103,7 @@ private slots:
         home = std::make_unique<QTemporaryDir>();
         qputenv("XDG_DATA_HOME", home->path().toUtf8());
         gFichierBest = QStringLiteral("mlbestTime.dat");
-        gCheminData.clear();
+        gCheminData = home->path() + QLatin1Char('/'); // where saved games go; a start finds its own
         for (int jeu = 1; jeu <= 3; ++jeu)
             for (int row = 1; row <= 3; ++row) bestTable(jeu).noms[row] = QStringLiteral("stale");
     }
@@ -86,8 +127,8 @@ private slots:
         QCOMPARE(toCodePage(fromCodePage(all)), all);
         // ß has no capital of one character and µ's is Greek; an accent may be typed as a mark of its own.
         const QList<std::pair<QString, QString>> typed = {
-            {"  anne ", "ANNE"}, {"a\",b", "A',B"},          {QString(16, QChar(0xDF)), QString(16, QChar(0xDF))},
-            {"µÿœ", "µŸŒ"},      {"e\u0301t\u00E9", "ÉTÉ"}, {"x\ty\r\nz\u0081", "X Y  Z"},
+            {"  anne ", "ANNE"},   {"a\",b", "A',B"},         {QString(16, QChar(0xDF)), QString(16, QChar(0xDF))},
+            {"µÿœ", "µŸŒ"},        {"e\u0301t\u00E9", "ÉTÉ"}, {"x\ty\r\nz\u0081", "X Y  Z"},
             {"\U0001F600!", "?!"},
         };
         for (const auto &[name, stored] : typed) {
@@ -101,35 +142,25 @@ private slots:
 
     void bestFilesReadBackAsWrittenAsFarAsTheyGo()
     {
-        const QList<BestRow> written = numberedRows().mid(0, 6)
-                                       + QList<BestRow>{kEmpty, {99, 356400, QStringLiteral("ÉLISE")}, {3, 7, QString()}};
+        const QList<BestRow> written =
+            numberedRows().mid(0, 6) + QList<BestRow>{kEmpty, {99, 356400, QStringLiteral("ÉLISE")}, {3, 7, QString()}};
         const QByteArray file = bestFile(written);
-        const QList<BestRow> read = readBestRows(file);
-        QCOMPARE(read.size(), 9);
-        for (int i = 0; i < 9; ++i)
-            QCOMPARE(bestLine(read[i]), bestLine(written[i]));
-        QCOMPARE(read[8].nom, QString());
+        QCOMPARE(shown(readBestRows(file)), shown(written));
+        QCOMPARE(shown(readBestRows(file + file)), shown(written));
         QCOMPARE(readBestRows(file.left(31 * 4 + 10)).size(), 5);
-        QCOMPARE(readBestRows(file + file).size(), 9);
         // Bare line feeds, and text after a closing quote, are taken in their stride.
-        QByteArray loose = file;
-        loose.replace("\r\n", "\n").replace("\"\n", "\"junk\n");
-        QCOMPARE(readBestRows(loose).size(), 9);
-        QCOMPARE(readBestRows(loose)[7].nom, QStringLiteral("ÉLISE"));
+        QCOMPARE(shown(readBestRows(QByteArray(file).replace("\r\n", "\n").replace("\"\n", "\"junk\n"))),
+                 shown(written));
     }
 
     void garbledBestLinesGiveWhatTheyStartWith()
     {
-        const BestRow garbled = parseBestText(QStringLiteral("ab1xyz        tail  "));
-        QCOMPARE((std::tuple{garbled.niveau, garbled.temps, garbled.nom}), (std::tuple{0, 0.0, QString("yz        tail")}));
-        const BestRow digits = parseBestText(QStringLiteral("7x 0000042zzzz"));
-        QCOMPARE((std::pair{digits.niveau, digits.temps}), (std::pair{7, 42.0}));
         // Halves round to the even neighbour; values that could not be written back are brought within their fields.
-        QCOMPARE(parseBestText(QStringLiteral("2.5")).niveau, 2);
-        QCOMPARE(parseBestText(QStringLiteral("3.5")).niveau, 4);
-        QCOMPARE(parseBestText(QStringLiteral("-5-0000081")).niveau, 0);
-        QCOMPARE(parseBestText(QStringLiteral("200-0000081")).temps, 0.0);
-        QCOMPARE(parseBestText(QStringLiteral("0010000012.5")).temps, 12.0);
+        const QStringList texts = {"ab1xyz        tail  ", "7x 0000042zzzz", "2.5",         "3.5",
+                                   "-5-0000081",           "200-0000081",    "0010000012.5"};
+        const QStringList rows = {"0 0 yz        tail", "7 42 7x 0000042zzzz", "2 0 2.5",          "4 0 3.5",
+                                  "0 81 -5-0000081",    "200 0 200-0000081",   "1 12 0010000012.5"};
+        for (int i = 0; i < texts.size(); ++i) QCOMPARE(shown(parseBestText(texts[i])), rows[i]);
     }
 
     void aBadLineCostsAtMostThatLine()
@@ -141,14 +172,10 @@ private slots:
         lines[4].prepend("\r\n   \r\n");
         lines[6] = bestLine({6, 0, QStringLiteral("P6")}).replace("00000000", "99999999");
         lines[7].replace("007", "-07");
-        const QList<BestRow> rows = readBestRows(lines.join());
-        QCOMPARE(rows.size(), 9);
-        for (int i = 0; i < 9; ++i) QCOMPARE(rows[i].nom, QStringLiteral("P%1").arg(i));
-        QCOMPARE(rows[1].temps, 10.0);
-        QCOMPARE(rows[2].niveau, 2);
-        QCOMPARE(rows[6].temps, 356400.0);
-        QCOMPARE(rows[7].niveau, 0);
-        QCOMPARE(rows[8].temps, 80.0);
+        QStringList rows = shown(numberedRows());
+        rows[6] = QStringLiteral("6 356400 P6");
+        rows[7] = QStringLiteral("0 0 P7");
+        QCOMPARE(shown(readBestRows(lines.join())), rows);
     }
 
     // Results entered in turn into a table of three rows: whether each took a place, and the table after.
@@ -158,19 +185,36 @@ private slots:
         QTest::addColumn<QString>("entries");
         QTest::addColumn<QString>("placed");
         QTest::addColumn<QString>("after");
-        QTest::newRow("the worked example") << "12 3725 ALPHA|5 900 BETA|" << "5 850 GAMMA" << "1"
+        QTest::newRow("the worked example") << "12 3725 ALPHA|5 900 BETA|"
+                                            << "5 850 GAMMA"
+                                            << "1"
                                             << "12 3725 ALPHA|5 850 GAMMA|5 900 BETA";
-        QTest::newRow("level 0 in some time does not enter empty rows; level 1 does")
-            << "||" << "0 12 ANNE|1 30 ANNE" << "01" << "1 30 ANNE||";
-        QTest::newRow("level 0 in no time goes above the empty rows") << "||" << "0 0 RAPIDE" << "1" << "0 0 RAPIDE||";
-        QTest::newRow("a tie takes the place and pushes down") << "9 10 A|5 100 B|4 1 C" << "5 100 D" << "1"
+        QTest::newRow("level 0 in some time does not enter empty rows; level 1 does") << "||"
+                                                                                      << "0 12 ANNE|1 30 ANNE"
+                                                                                      << "01"
+                                                                                      << "1 30 ANNE||";
+        QTest::newRow("level 0 in no time goes above the empty rows") << "||"
+                                                                      << "0 0 RAPIDE"
+                                                                      << "1"
+                                                                      << "0 0 RAPIDE||";
+        QTest::newRow("a tie takes the place and pushes down") << "9 10 A|5 100 B|4 1 C"
+                                                               << "5 100 D"
+                                                               << "1"
                                                                << "9 10 A|5 100 D|5 100 B";
-        QTest::newRow("the player's own row takes a worse result") << "9 10 A||" << "0 50 A" << "1" << "||0 50 A";
-        QTest::newRow("a full table of better results") << "9 10 A|8 10 B|7 10 C" << "3 10 D" << "0"
+        QTest::newRow("the player's own row takes a worse result") << "9 10 A||"
+                                                                   << "0 50 A"
+                                                                   << "1"
+                                                                   << "||0 50 A";
+        QTest::newRow("a full table of better results") << "9 10 A|8 10 B|7 10 C"
+                                                        << "3 10 D"
+                                                        << "0"
                                                         << "9 10 A|8 10 B|7 10 C";
-        QTest::newRow("sixteen dots match every empty row") << "2 5 A||" << QString("1 40 ") + kEmptyName << "1"
-                                                            << QString("2 5 A|1 40 %1|1 40 %1").arg(kEmptyName);
-        QTest::newRow("an empty name plays") << "||" << "2 40 |3 80 " << "11" << "3 80 ||";
+        QTest::newRow("sixteen dots match every empty row")
+            << "2 5 A||" << QString("1 40 ") + kEmptyName << "1" << QString("2 5 A|1 40 %1|1 40 %1").arg(kEmptyName);
+        QTest::newRow("an empty name plays") << "||"
+                                             << "2 40 |3 80 "
+                                             << "11"
+                                             << "3 80 ||";
     }
     void ranking()
     {
@@ -195,7 +239,8 @@ private slots:
                         : u'0';
         QCOMPARE(took, placed);
         QStringList rows;
-        for (int row = 1; row <= 3; ++row) rows << QStringLiteral("%1 %2 %3").arg(niveaux[row]).arg(temps[row]).arg(noms[row]);
+        for (int row = 1; row <= 3; ++row)
+            rows << QStringLiteral("%1 %2 %3").arg(niveaux[row]).arg(temps[row]).arg(noms[row]);
         QCOMPARE(rows, rowsOf(after));
     }
 
@@ -203,29 +248,14 @@ private slots:
     {
         QCOMPARE(formatSavedGame(blankSavedGame()),
                  hex("22 2E2E2E2E2E2E2E2E2E2E2E2E2E2E2E2E 22 0D0A 300D0A 300D0A 300D0A 300D0A 300D0A 300D0A"));
-        SavedGame joueur;
-        joueur.joueur = QStringLiteral("JOUEUR");
-        joueur.niveau[1] = 7;
-        joueur.temps[1] = 1234;
-        joueur.niveau[2] = 999;
-        joueur.temps[2] = 5000;
-        QCOMPARE(formatSavedGame(joueur),
+        QCOMPARE(formatSavedGame({QStringLiteral("JOUEUR"), {0, 7, 999, 0}, {0, 1234, 5000, 0}}),
                  hex("22 4A4F55455552 22 0D0A 37 0D0A 31323334 0D0A 393939 0D0A 35303030 0D0A 30 0D0A 30 0D0A"));
 
         // At the cap of time, with the largest level, the record reads back whole.
-        SavedGame cap;
-        cap.joueur = QStringLiteral("ÉLISE");
-        for (int jeu = 1; jeu <= 3; ++jeu) {
-            cap.niveau[jeu] = jeu == 2 ? 999 : INT32_MAX;
-            cap.temps[jeu] = 356400;
-        }
+        const SavedGame cap{QStringLiteral("ÉLISE"), {0, INT32_MAX, 999, INT32_MAX}, {0, 356400, 356400, 356400}};
         const std::optional<SavedGame> back = parseSavedGame(formatSavedGame(cap));
         QVERIFY(back);
-        QCOMPARE(back->joueur, cap.joueur);
-        for (int jeu = 1; jeu <= 3; ++jeu) {
-            QCOMPARE(back->niveau[jeu], cap.niveau[jeu]);
-            QCOMPARE(back->temps[jeu], 356400.0);
-        }
+        QCOMPARE(formatSavedGame(*back), formatSavedGame(cap));
     }
 
     void savedGamesThatAreShortOrGarbledDoNotLoad()
@@ -234,7 +264,8 @@ private slots:
         for (int cut = 0; cut < good.size() - 2; ++cut)
             QVERIFY2(!parseSavedGame(good.left(cut)), qPrintable(QString::number(cut)));
         for (const auto &[niveau, temps] : {std::pair{"1", "sept"}, {"-1", "0"}, {"1", "356401"}, {"1", "12.5"}})
-            QVERIFY2(!parseSavedGame(QByteArray("\"A\"\r\n") + niveau + "\r\n" + temps + "\r\n0\r\n0\r\n0\r\n0\r\n"), temps);
+            QVERIFY2(!parseSavedGame(QByteArray("\"A\"\r\n") + niveau + "\r\n" + temps + "\r\n0\r\n0\r\n0\r\n0\r\n"),
+                     temps);
         // A comma inside the quotes belongs to the name; a quote inside it ends the name.
         QCOMPARE(parseSavedGame("\"A, B\"\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n")->joueur, QStringLiteral("A, B"));
         QCOMPARE(parseSavedGame("\"A\"B\"\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n")->joueur, QStringLiteral("A"));
@@ -251,7 +282,7 @@ private slots:
         QCOMPARE(QDir::currentPath(), before);
         QCOMPARE(gCheminData, dataHome + QStringLiteral("/cerscore/marel32b/"));
         QCOMPARE(readAll(gCheminData + gFichierBest), kEmptyLine.repeated(9));
-        QCOMPARE(gBestNom3[3], kEmptyName);
+        QCOMPARE(tables(), shown(QList<BestRow>(9, kEmpty)));
         for (const QString &made : {home->path() + QStringLiteral("/nouveau"), dataHome}) {
             struct stat info {};
             QCOMPARE(stat(QFile::encodeName(made).constData(), &info), 0);
@@ -267,9 +298,9 @@ private slots:
         writeAll(bestPath(), twoRows + "\"00");
         InitDonnees();
         QCOMPARE(readAll(bestPath() + QStringLiteral(".1")), twoRows + "\"00");
+        // The third row holds what stood where the name goes.
         QCOMPARE(readAll(bestPath()), twoRows + bestLine({0, 0, QStringLiteral("00")}) + kEmptyLine.repeated(6));
-        QCOMPARE(gBestNom1[3], QStringLiteral("00")); // what stood where the name goes
-        QCOMPARE(gBestNom2[1], kEmptyName);
+        QCOMPARE(tables(), shown(readBestRows(readAll(bestPath()))));
 
         const QByteArray rows = bestFile(numberedRows());
         writeAll(bestPath(), rows);
@@ -278,7 +309,7 @@ private slots:
             MemoryLimitAbove limit(256 << 20);
             InitDonnees();
         }
-        QCOMPARE(gBestNom3[3], QStringLiteral("P8"));
+        QCOMPARE(tables(), shown(numberedRows()));
         QCOMPARE(readAll(bestPath()), rows);
         QCOMPARE(QFileInfo(bestPath() + QStringLiteral(".1")).size(), qint64(1) << 30);
     }
@@ -291,15 +322,11 @@ private slots:
         const QStringList kept = {".x.sml.abcdefg", "ma partie.sml", "mlbestTime.dat", "mlbestTime.dat.1",
                                   "notes.sml.backup"};
         for (const QString &name : leftovers + kept) writeAll(data() + name, kEmptyLine);
-        QByteArray file;
-        for (int i = 0; i < 9; ++i) file += bestLine({i + 1, 100.0 + i, QStringLiteral("JOUEUR%1").arg(i)});
-        writeAll(bestPath(), file);
+        writeAll(bestPath(), bestFile(numberedRows()));
         InitDonnees();
         QCOMPARE(QDir(data()).entryList(QDir::Files | QDir::Hidden, QDir::Name), kept);
-        QCOMPARE(readAll(bestPath()), file);
-        QCOMPARE(gBestNiveau1[1], 1);
-        QCOMPARE(gBestNom2[2], QStringLiteral("JOUEUR4"));
-        QCOMPARE(gBestTemps3[3], 108.0);
+        QCOMPARE(readAll(bestPath()), bestFile(numberedRows()));
+        QCOMPARE(tables(), shown(numberedRows()));
     }
 
     void aDataFolderThatCannotBeReachedLeavesThePathEmpty()
@@ -307,23 +334,113 @@ private slots:
         writeAll(home->path() + QStringLiteral("/cerscore"), "not a folder");
         InitDonnees();
         QVERIFY(gCheminData.isEmpty());
-        QCOMPARE(gBestNom1[1], QStringLiteral("stale")); // the tables were not reset
+        QCOMPARE(tables().first(), QStringLiteral("0 0 stale")); // the tables were not reset
     }
 
-    void aFullDiskOrARemovedFolderFailsTheWriteAndKeepsTheOldFile()
+    void aFullDiskFailsEveryWriteAndKeepsTheOldFiles()
     {
         InitDonnees();
+        writeAll(path("suite"), kJoueur);
         gBestNom1[1] = QStringLiteral("NOUVEAU");
+        play("suite", "UN NOM BIEN LONG", 1, 12345, 123456);
         {
-            DiskFullAfter limit(100);
+            DiskFullAfter limit(20);
             QVERIFY(!EcritBest());
+            QVERIFY(!rewriteSavedGame());
+            QVERIFY(!CreePartie(files, QStringLiteral("nouvelle")));
         }
         QCOMPARE(readAll(bestPath()), kEmptyLine.repeated(9));
-        QVERIFY(QDir(data()).removeRecursively());
-        QVERIFY(!EcritBest());
-        QVERIFY(!QFile::exists(bestPath()));
+        QCOMPARE(readAll(path("suite")), kJoueur);
+        QCOMPARE(QDir(data()).entryList(QDir::Files | QDir::Hidden), QStringList({"mlbestTime.dat", "suite.sml"}));
+    }
+
+    void loadingTakesThePlayerAndOneGame()
+    {
+        writeAll(path("suite"), kJoueur);
+        writeAll(path("main"), "\"Jo\tUEUR\x81\"\r\n7\r\n1234\r\n0\r\n0\r\n0\r\n0\r\n");
+        play("suite", "AUTRE", 0, 0, 0);
+        QVERIFY(ChargePartie(2));
+        QCOMPARE(state(), (std::tuple{QString("JOUEUR"), 999, 5000.0}));
+        QVERIFY(ChargePartie(3)); // never played in this file
+        QCOMPARE(state(), (std::tuple{QString("JOUEUR"), 0, 0.0}));
+        // Characters the files cannot give back are replaced; the case is the file's.
+        gNomPartie = QStringLiteral("main");
+        QVERIFY(ChargePartie(1));
+        QCOMPARE(gNomJoueur, QStringLiteral("Jo UEUR"));
+    }
+
+    void aHugeSavedGameLoadsFromItsFirstLinesAndIsKeptBesideWhenRewritten()
+    {
+        writeAll(path("enorme"), kJoueur);
+        QVERIFY(QFile::resize(path("enorme"), qint64(1) << 30));
+        play("enorme", "", 1, 0, 0);
+        {
+            MemoryLimitAbove limit(256 << 20);
+            QVERIFY(ChargePartie(1));
+            QCOMPARE(gNiveau, 7);
+            gNiveau = 8;
+            QVERIFY(rewriteSavedGame());
+        }
+        QCOMPARE(readAll(path("enorme")), QByteArray(kJoueur).replace("\n7\r", "\n8\r"));
+        QCOMPARE(QFileInfo(path("enorme") + QStringLiteral(".1")).size(), qint64(1) << 30);
+    }
+
+    // A file cut short, absent or garbled loads nothing and changes nothing; a garbled one is not rewritten.
+    void aFailedLoadChangesNothing()
+    {
+        const QByteArray garbled = QByteArray(kJoueur).replace("1234", "12a4");
+        writeAll(path("court"), kJoueur.left(20));
+        writeAll(path("abime"), garbled);
+        for (const char *nom : {"court", "absente", "abime"}) {
+            play(nom, "ANNE", 3, 4, 77);
+            QVERIFY(!ChargePartie(1));
+            QCOMPARE(state(), (std::tuple{QString("ANNE"), 4, 77.0}));
+        }
+        QVERIFY(!rewriteSavedGame());
+        QCOMPARE(readAll(path("abime")), garbled);
+    }
+
+    // A new name gets the blank record; an existing saved game is never touched, though another case
+    // is another name here.
+    void onlyANewNameMakesASavedGame()
+    {
+        QVERIFY(CreePartie(files, QStringLiteral("seize caractères")));
+        QCOMPARE(readAll(path("seize caractères")), formatSavedGame(blankSavedGame()));
+        QVERIFY(!CreePartie(files, QString()));
+        writeAll(path("Zoe"), kJoueur);
+        QVERIFY(!CreePartie(files, QStringLiteral("Zoe")));
+        QVERIFY(CreePartie(files, QStringLiteral("zoe")));
+        QCOMPARE(readAll(path("Zoe")), kJoueur);
+    }
+
+    void namesThatWouldLeaveTheFolderOrThatWindowsRefusesAreTurnedDown()
+    {
+        QDir(home->path()).mkdir(QStringLiteral("sous"));
+        for (const char *nom : {"sous/x", "../dehors", "deux:points", "quoi?", "étoile*", "<a>", "a|b", "guillemet\"",
+                                "barre\\", "CON", "nul", "com1", "Lpt9.txt", "AUX .x", "com¹", "tab\t"})
+            QVERIFY2(!CreePartie(files, QString::fromUtf8(nom)), nom);
+        QCOMPARE(QDir(home->path()).entryList(QDir::Files | QDir::Hidden).size(), 0);
+        QCOMPARE(QDir(home->path() + QStringLiteral("/sous")).entryList(QDir::Files).size(), 0);
+        QVERIFY(!QFile::exists(home->path() + QStringLiteral("/../dehors.sml")));
+        // Dots stay in the folder, and the extension after them keeps Windows from stripping a last one.
+        for (const char *nom : {"été 2026, n°1", "a..b", "fin.", "..", ".cachée", "CONSOLE", "nul1"}) {
+            QVERIFY2(CreePartie(files, QString::fromUtf8(nom)), nom);
+            QVERIFY2(QFile::exists(path(nom)), nom);
+        }
+    }
+
+    // A rewrite keeps the other games of the file, and writes this one even when the file went meanwhile.
+    void aRewriteKeepsTheOtherGames()
+    {
+        writeAll(path("suite"), kJoueur);
+        for (const char *nom : {"suite", "disparue"}) {
+            play(nom, "ÉLISE", 3, 12, 600);
+            QVERIFY(rewriteSavedGame());
+        }
+        QCOMPARE(readAll(path("suite")), QByteArray("\"\xC9LISE\"\r\n7\r\n1234\r\n999\r\n5000\r\n12\r\n600\r\n"));
+        QCOMPARE(readAll(path("disparue")), QByteArray("\"\xC9LISE\"\r\n0\r\n0\r\n0\r\n0\r\n12\r\n600\r\n"));
     }
 };
 
-QTEST_GUILESS_MAIN(TestRecordFormats)
+QTEST_MAIN(TestRecordFormats)
 #include "tst_record_formats.moc"
