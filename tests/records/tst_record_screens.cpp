@@ -1,6 +1,14 @@
 // SPDX-License-Identifier: MIT
-// The saved-game chooser over a real folder of saved games, driven by clicks on its labels and arrows.
+// The two record screens at the real window: the saved-game chooser over a real folder of saved games,
+// driven by clicks on its labels and arrows, and the best-times screen over the real tables, closed by
+// a click on its plate as a player closes it.
+#include "best_times.h"
+#include "best_times_table.h"
+#include "file_bytes.h"
+#include "frmBest.h"
 #include "frmFile.h"
+#include "label_text.h"
+#include "modBase.h"
 #include "modal_answer.h"
 #include "started_window.h"
 
@@ -11,6 +19,11 @@
 namespace {
 
 const QString kClick = QStringLiteral("marel009.wav");
+const QStringList kNoms = {"ALPHA", "BETA", "GAMMA", "DELTA", "", "ZOE", "WWWWWWWWWWWWWWWW", "MARC", "LEA"};
+const QStringList kScores = {
+    "niveau 011 en 1h 02min 05s ", "niveau 012 en 1h 18min 45s ", "niveau 013 en 1h 35min 25s ",
+    "niveau 021 en 1h 52min 05s ", "niveau 022 en 2h 08min 45s ", "niveau 023 en 2h 25min 25s ",
+    "niveau 031 en 2h 42min 05s ", "niveau 032 en 2h 58min 45s ", "niveau 033 en 3h 15min 25s "};
 
 // "JOUEUR00" to "JOUEUR<count - 1>", in the list's order.
 QStringList numbered(int count)
@@ -20,10 +33,11 @@ QStringList numbered(int count)
     return names;
 }
 
-QStringList captions(const frmFile *f)
+template <class Label, size_t N>
+QStringList textsOf(Label *const (&labels)[N])
 {
     QStringList shown;
-    for (ClickLabel *label : f->labF) shown << label->text();
+    for (Label *label : labels) shown << label->text();
     return shown;
 }
 
@@ -46,11 +60,32 @@ QList<int> marked(frmFile *f)
     return found;
 }
 
+// Fills the three tables with distinct rows: game g, row r has level 10g + r and a time of its own.
+void fillTables()
+{
+    for (int i = 0; i < 9; ++i) {
+        const BestTable table = bestTable(i / 3 + 1);
+        const int row = i % 3 + 1;
+        table.niveaux[row] = 10 * (i / 3 + 1) + row;
+        table.temps[row] = 3725 + 1000 * i;
+        table.noms[row] = kNoms[i];
+    }
+}
+
+// Shows a loaded screen modally as play control does, lets the player act on it, and fails unless that closed it.
+template <class Dialog>
+void run(Dialog *dialog, std::function<void(Dialog *)> player)
+{
+    const bool closed = execWith<Dialog>(dialog, player);
+    delete dialog;
+    if (!closed) QTest::qFail("the screen stayed up", __FILE__, __LINE__);
+}
+
 void click(QWidget *w) { QTest::mouseClick(w, Qt::LeftButton); }
 
 } // namespace
 
-class TestFrmFile : public QObject {
+class TestRecordScreens : public QObject {
     Q_OBJECT
 
     std::unique_ptr<frmFond> fond;
@@ -71,14 +106,11 @@ class TestFrmFile : public QObject {
         return f;
     }
 
-    // Shows the chooser modally, lets the player act, and gives its answer; fails when it stayed up.
-    QString run(frmFile *f, std::function<void(frmFile *)> player)
+    frmBest *best()
     {
-        const bool ended = execWith<frmFile>(f, player);
-        const QString answer = f->Tag;
-        delete f;
-        if (!ended) QTest::qFail("the chooser stayed up", __FILE__, __LINE__);
-        return answer;
+        auto *b = new frmBest(fond->dialogOwner());
+        b->Form_Load();
+        return b;
     }
 
 private slots:
@@ -135,10 +167,11 @@ private slots:
         QFETCH(QString, acts);
         QFETCH(QString, answer);
         QFETCH(int, clicks);
-        const QString got = run(chooser(names), [&](frmFile *f) {
+        QString got;
+        run<frmFile>(chooser(names), [&](frmFile *f) {
             QCOMPARE((std::pair{f->windowTitle(), f->geometry().center()}),
                      (std::pair{QStringLiteral("Selecteur fichier"), fond->geometry().center()}));
-            QCOMPARE(captions(f), view(names, 0));
+            QCOMPARE(textsOf(f->labF), view(names, 0));
             QVERIFY(marked(f).isEmpty());
             for (ClickLabel *label : f->labF)
                 QVERIFY(label->fontMetrics().horizontalAdvance(label->text()) <= label->width());
@@ -149,18 +182,75 @@ private slots:
                 if (act[0] == u'v' || act[0] == u'^') {
                     click(f->imgScroll[act[0] == u'v']);
                     QCOMPARE(f->mPremier, n);
-                    QCOMPARE(captions(f), view(names, n));
+                    QCOMPARE(textsOf(f->labF), view(names, n));
                 }
                 if (act[0] == u'm') QCOMPARE(marked(f), act.size() > 1 ? QList<int>{n} : QList<int>{});
                 if (act == "charger" || act == "annuler") click(f->reponse[act == "annuler"]);
                 if (act == "esc" || act == "ret") QTest::keyClick(f, act == "esc" ? Qt::Key_Escape : Qt::Key_Return);
                 if (act == "close") f->close();
             }
+            got = f->Tag;
         });
         QCOMPARE(got, answer);
         QCOMPARE(fond->tambour.played, QStringList(clicks, kClick));
     }
+
+    // Hours are not bounded; half seconds round to the even neighbour.
+    void formatTemps()
+    {
+        const QList<std::pair<double, const char *>> cases = {
+            {0, " en 0h 00min 00s "},       {3725, " en 1h 02min 05s "},       {3599, " en 0h 59min 59s "},
+            {356400, " en 99h 00min 00s "}, {3600000, " en 1000h 00min 00s "}, {62.5, " en 0h 01min 02s "},
+            {63.5, " en 0h 01min 04s "}};
+        for (const auto &[t, text] : cases) QCOMPARE(frmBest::FormatTemps(t), QString(text));
+    }
+
+    void emptyRowsShowDotsAtLevelZero()
+    {
+        RazBest();
+        gBestNom2[2].clear();
+        gBestNiveau2[2] = 5;
+        gBestTemps2[2] = 61;
+        const std::unique_ptr<frmBest> b(best());
+        QStringList shown = textsOf(b->labNom) + textsOf(b->labScore);
+        QCOMPARE(shown.takeAt(13), QStringLiteral("niveau 005 en 0h 01min 01s "));
+        QCOMPARE(shown.takeAt(4), QString());
+        QCOMPARE(shown, QStringList(8, kEmptyName) + QStringList(8, QStringLiteral("niveau 000 en 0h 00min 00s ")));
+    }
+
+    // Neither keys nor a click beside the plate close the screen; the plate and a close request do,
+    // with a cue, and showing the tables twice changes neither them nor their file.
+    void thePlateOrACloseRequestClosesAndNothingChanges()
+    {
+        fillTables();
+        QVERIFY(EcritBest());
+        const QByteArray before = readAll(gCheminData + gFichierBest);
+        QStringList shown;
+        run<frmBest>(best(), [this, &shown](frmBest *b) {
+            QCOMPARE(b->geometry().center(), fond->geometry().center());
+            QTest::keyClick(b, Qt::Key_Escape);
+            QTest::keyClick(b, Qt::Key_Return);
+            QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(60, 520)); // beside the plate
+            QVERIFY(b->isVisible());
+            QVERIFY(fond->tambour.played.isEmpty());
+            shown = textsOf(b->labNom) + textsOf(b->labScore);
+            // The captions are drawn in black, centred at the top of their labels, the longest name of
+            // wide letters inside its label.
+            for (int i = 0; i < 18; ++i)
+                QCOMPARE(captionFault((i < 9 ? b->labNom : b->labScore)[i % 9], Qt::black), QString());
+            QVERIFY(b->labNom[6]->fontMetrics().horizontalAdvance(kNoms[6]) <= b->labNom[6]->width());
+            QTest::mouseClick(b->Image1, Qt::LeftButton);
+        });
+        QCOMPARE(shown, kNoms + kScores);
+        run<frmBest>(best(), [&shown](frmBest *b) {
+            shown = textsOf(b->labNom) + textsOf(b->labScore);
+            b->close();
+        });
+        QCOMPARE(shown, kNoms + kScores);
+        QCOMPARE(fond->tambour.played, QStringList(2, kClick));
+        QCOMPARE(readAll(gCheminData + gFichierBest), before);
+    }
 };
 
-QTEST_MAIN(TestFrmFile)
-#include "tst_frmFile.moc"
+QTEST_MAIN(TestRecordScreens)
+#include "tst_record_screens.moc"
