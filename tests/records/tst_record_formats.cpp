@@ -75,6 +75,12 @@ QStringList rowsOf(const QString &table)
     return rows;
 }
 
+// A row written "level seconds name".
+std::tuple<int32_t, double, QString> rowOf(const QString &text)
+{
+    return {text.section(u' ', 0, 0).toInt(), text.section(u' ', 1, 1).toDouble(), text.section(u' ', 2)};
+}
+
 } // namespace
 
 class TestRecordFormats : public QObject {
@@ -178,70 +184,34 @@ private slots:
         QCOMPARE(shown(readBestRows(lines.join())), rows);
     }
 
-    // Results entered in turn into a table of three rows: whether each took a place, and the table after.
-    void ranking_data()
-    {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("entries");
-        QTest::addColumn<QString>("placed");
-        QTest::addColumn<QString>("after");
-        QTest::newRow("the worked example") << "12 3725 ALPHA|5 900 BETA|"
-                                            << "5 850 GAMMA"
-                                            << "1"
-                                            << "12 3725 ALPHA|5 850 GAMMA|5 900 BETA";
-        QTest::newRow("level 0 in some time does not enter empty rows; level 1 does") << "||"
-                                                                                      << "0 12 ANNE|1 30 ANNE"
-                                                                                      << "01"
-                                                                                      << "1 30 ANNE||";
-        QTest::newRow("level 0 in no time goes above the empty rows") << "||"
-                                                                      << "0 0 RAPIDE"
-                                                                      << "1"
-                                                                      << "0 0 RAPIDE||";
-        QTest::newRow("a tie takes the place and pushes down") << "9 10 A|5 100 B|4 1 C"
-                                                               << "5 100 D"
-                                                               << "1"
-                                                               << "9 10 A|5 100 D|5 100 B";
-        QTest::newRow("the player's own row takes a worse result") << "9 10 A||"
-                                                                   << "0 50 A"
-                                                                   << "1"
-                                                                   << "||0 50 A";
-        QTest::newRow("a full table of better results") << "9 10 A|8 10 B|7 10 C"
-                                                        << "3 10 D"
-                                                        << "0"
-                                                        << "9 10 A|8 10 B|7 10 C";
-        QTest::newRow("sixteen dots match every empty row")
-            << "2 5 A||" << QString("1 40 ") + kEmptyName << "1" << QString("2 5 A|1 40 %1|1 40 %1").arg(kEmptyName);
-        QTest::newRow("an empty name plays") << "||"
-                                             << "2 40 |3 80 "
-                                             << "11"
-                                             << "3 80 ||";
-    }
+    // Results entered in turn into a table of three rows, each row written "level seconds name" and an
+    // empty field standing for an empty row: whether each result took a place, and the table after.
     void ranking()
     {
-        QFETCH(QString, before);
-        QFETCH(QString, entries);
-        QFETCH(QString, placed);
-        QFETCH(QString, after);
-        int32_t niveaux[4] = {};
-        double temps[4] = {};
-        QString noms[4];
-        const QStringList start = rowsOf(before);
-        for (int row = 1; row <= 3; ++row) {
-            niveaux[row] = start[row - 1].section(u' ', 0, 0).toInt();
-            temps[row] = start[row - 1].section(u' ', 1, 1).toDouble();
-            noms[row] = start[row - 1].section(u' ', 2);
+        const QList<std::array<QString, 4>> cases = {
+            {"12 3725 ALPHA|5 900 BETA|", "5 850 GAMMA", "1", "12 3725 ALPHA|5 850 GAMMA|5 900 BETA"}, // worked example
+            {"||", "0 12 ANNE|1 30 ANNE", "01", "1 30 ANNE||"}, // level 0 in some time stays out of empty rows
+            {"||", "0 0 RAPIDE", "1", "0 0 RAPIDE||"},          // level 0 in no time goes above them
+            {"9 10 A|5 100 B|4 1 C", "5 100 D", "1", "9 10 A|5 100 D|5 100 B"}, // a tie takes the place
+            {"9 10 A||", "0 50 A", "1", "||0 50 A"},                            // the player's own row, worse
+            {"9 10 A|8 10 B|7 10 C", "3 10 D", "0", "9 10 A|8 10 B|7 10 C"},    // a full table of better ones
+            {"2 5 A||", "1 40 " + kEmptyName, "1", "2 5 A|1 40 " + kEmptyName + "|1 40 " + kEmptyName}, // dots
+            {"||", "2 40 |3 80 ", "11", "3 80 ||"}};                                                    // empty name
+        for (const auto &[before, entries, placed, after] : cases) {
+            int32_t niveaux[4] = {};
+            double temps[4] = {};
+            QString noms[4];
+            const QStringList start = rowsOf(before);
+            for (int row = 1; row <= 3; ++row) std::tie(niveaux[row], temps[row], noms[row]) = rowOf(start[row - 1]);
+            QString took;
+            for (const QString &entry : entries.split(u'|')) {
+                const auto [niveau, seconds, nom] = rowOf(entry);
+                took += rankResult(niveaux, temps, noms, niveau, seconds, nom) ? u'1' : u'0';
+            }
+            QStringList rows;
+            for (int row = 1; row <= 3; ++row) rows << shown({niveaux[row], temps[row], noms[row]});
+            QCOMPARE(took + QLatin1Char(' ') + rows.join(u'|'), placed + QLatin1Char(' ') + rowsOf(after).join(u'|'));
         }
-        QString took;
-        for (const QString &entry : entries.split(u'|'))
-            took += rankResult(niveaux, temps, noms, entry.section(u' ', 0, 0).toInt(),
-                               entry.section(u' ', 1, 1).toDouble(), entry.section(u' ', 2))
-                        ? u'1'
-                        : u'0';
-        QCOMPARE(took, placed);
-        QStringList rows;
-        for (int row = 1; row <= 3; ++row)
-            rows << QStringLiteral("%1 %2 %3").arg(niveaux[row]).arg(temps[row]).arg(noms[row]);
-        QCOMPARE(rows, rowsOf(after));
     }
 
     void savedGamesOfTheWorkedExamples()
