@@ -127,72 +127,57 @@ private slots:
     }
 
     // The player's acts, by word: "L<n>" clicks label n; "v<n>" and "^<n>" click the down and up arrows
-    // and expect the view to start at name n; "m<n>" expects the mark on label n alone, "m" no mark;
-    // "charger" and "annuler" click the buttons, "esc" and "ret" press the keys, "close" asks the window
-    // to close. The chooser opens centred on the first five names, unmarked, and must stay up until the
-    // last act; each act that does something is heard.
-    void answers_data()
-    {
-        QTest::addColumn<QStringList>("names");
-        QTest::addColumn<QString>("acts");
-        QTest::addColumn<QString>("answer");
-        QTest::addColumn<int>("clicks");
-        QTest::newRow("twenty: by fours, up jumps to the top") << numbered(20) << "v4 v8 v12 v15 v15 ^11 ^7 ^0 annuler"
-                                                               << "" << 9;
-        QTest::newRow("eleven: stops on the last five") << numbered(11) << "v4 v6 v6 ^0 annuler"
-                                                        << "" << 5;
-        QTest::newRow("five: never moves") << numbered(5) << "v0 v0 ^0 annuler"
-                                           << "" << 4;
-        QTest::newRow("one: never moves") << numbered(1) << "v0 ^0 annuler"
-                                          << "" << 3;
-        QTest::newRow("empty labels take no click, scrolling drops the mark")
-            << numbered(3) << "L1 L2 L3 L4 m2 v0 m charger close"
-            << "" << 4;
-        QTest::newRow("Charger waits for a mark") << numbered(8) << "charger esc ret L2 charger"
-                                                  << "JOUEUR02" << 3;
-        QTest::newRow("a name marked after scrolling") << numbered(20) << "L0 v4 v8 L3 m3 charger"
-                                                       << "JOUEUR11" << 5;
-        QTest::newRow("Annuler answers nothing; a wide name fits")
-            << (numbered(4) << QString(16, QLatin1Char('M')) << "ZOE") << "L3 annuler"
-            << "" << 2;
-        QTest::newRow("a close request answers nothing") << numbered(4) << "L3 close"
-                                                         << "" << 1;
-        QTest::newRow("a bare extension takes a row but cannot be picked")
-            << QStringList{"", "ALAIN", "BRUNO"} << "L0 charger L1 charger"
-            << "ALAIN" << 3;
-    }
+    // and expect the view to start at name n, with each name in place; "m<n>" expects the mark on label n alone, "m" no
+    // mark; "charger" and "annuler" click the buttons, "esc" and "ret" press the keys, "close" asks the window to
+    // close. The chooser opens centred on the first five names, unmarked, and must stay up until the last act; each act
+    // that does something is heard.
     void answers()
     {
-        QFETCH(QStringList, names);
-        QFETCH(QString, acts);
-        QFETCH(QString, answer);
-        QFETCH(int, clicks);
-        QString got;
-        run<frmFile>(chooser(names), [&](frmFile *f) {
-            QCOMPARE((std::pair{f->windowTitle(), f->geometry().center()}),
-                     (std::pair{QStringLiteral("Selecteur fichier"), fond->geometry().center()}));
-            QCOMPARE(textsOf(f->labF), view(names, 0));
-            QVERIFY(marked(f).isEmpty());
-            for (ClickLabel *label : f->labF)
-                QVERIFY(label->fontMetrics().horizontalAdvance(label->text()) <= label->width());
-            for (const QString &act : acts.split(u' ')) {
-                QVERIFY2(f->isVisible(), qPrintable("closed before " + act));
-                const int n = act.mid(1).toInt();
-                if (act[0] == u'L') click(f->labF[n]);
-                if (act[0] == u'v' || act[0] == u'^') {
-                    click(f->imgScroll[act[0] == u'v']);
-                    QCOMPARE(f->mPremier, n);
-                    QCOMPARE(textsOf(f->labF), view(names, n));
+        struct Row {
+            QStringList names;
+            QString acts, answer;
+            int clicks;
+        };
+        const QList<Row> rows = {
+            {numbered(20), "v4 v8 v12 v15 v15 ^11 ^7 ^0 annuler", "", 9}, // by fours, up jumps to the top
+            {numbered(11), "v4 v6 v6 ^0 annuler", "", 5},                 // stops on the last five
+            {numbered(5), "v0 v0 ^0 annuler", "", 4},                     // five never move
+            {numbered(1), "v0 ^0 annuler", "", 3},
+            {numbered(3), "L1 L2 L3 L4 m2 v0 m charger close", "", 4},  // empty labels take no click
+            {numbered(8), "charger esc ret L2 charger", "JOUEUR02", 3}, // Charger waits for a mark
+            {numbered(20), "L0 v4 v8 L3 m3 charger", "JOUEUR11", 5},
+            {numbered(4) << QString(16, QLatin1Char('M')) << "ZOE", "L3 annuler", "", 2}, // a wide name fits
+            {numbered(4), "L3 close", "", 1},
+            {{"", "ALAIN", "BRUNO"}, "L0 charger L1 charger", "ALAIN", 3}}; // a bare extension cannot be picked
+        for (const auto &[names, acts, answer, clicks] : rows) {
+            folder = std::make_unique<QTemporaryDir>();
+            QString got;
+            run<frmFile>(chooser(names), [&](frmFile *f) {
+                QCOMPARE((std::pair{f->windowTitle(), f->geometry().center()}),
+                         (std::pair{QStringLiteral("Selecteur fichier"), fond->geometry().center()}));
+                QCOMPARE(textsOf(f->labF), view(names, 0));
+                QVERIFY(marked(f).isEmpty());
+                for (ClickLabel *label : f->labF)
+                    QVERIFY(label->fontMetrics().horizontalAdvance(label->text()) <= label->width());
+                for (const QString &act : acts.split(u' ')) {
+                    QVERIFY2(f->isVisible(), qPrintable("closed before " + act));
+                    const int n = act.mid(1).toInt();
+                    if (act[0] == u'L') click(f->labF[n]);
+                    if (act[0] == u'v' || act[0] == u'^') {
+                        click(f->imgScroll[act[0] == u'v']);
+                        QCOMPARE(textsOf(f->labF), view(names, n));
+                    }
+                    if (act[0] == u'm') QCOMPARE(marked(f), act.size() > 1 ? QList<int>{n} : QList<int>{});
+                    if (act == "charger" || act == "annuler") click(f->reponse[act == "annuler"]);
+                    if (act == "esc" || act == "ret")
+                        QTest::keyClick(f, act == "esc" ? Qt::Key_Escape : Qt::Key_Return);
+                    if (act == "close") f->close();
                 }
-                if (act[0] == u'm') QCOMPARE(marked(f), act.size() > 1 ? QList<int>{n} : QList<int>{});
-                if (act == "charger" || act == "annuler") click(f->reponse[act == "annuler"]);
-                if (act == "esc" || act == "ret") QTest::keyClick(f, act == "esc" ? Qt::Key_Escape : Qt::Key_Return);
-                if (act == "close") f->close();
-            }
-            got = f->Tag;
-        });
-        QCOMPARE(got, answer);
-        QCOMPARE(fond->tambour.played, QStringList(clicks, kClick));
+                got = f->Tag;
+            });
+            QCOMPARE(acts + " gives " + got, acts + " gives " + answer);
+            QVERIFY2(fond->tambour.played == QStringList(clicks, kClick), qPrintable(acts));
+        }
     }
 
     // Hours are not bounded; half seconds round to the even neighbour.
