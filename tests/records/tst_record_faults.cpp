@@ -229,8 +229,7 @@ private slots:
 
     void aFailedFsyncFailsTheWrite()
     {
-        gNomPartie = QStringLiteral("a");
-        gJeu = 2;
+        std::tie(gNomPartie, gJeu) = std::pair{QStringLiteral("a"), 2};
         const QList<std::pair<const char *, std::function<int()>>> writes = {
             {"best times", [] { return (gBestNom2[1] = QStringLiteral("NOUVEAU"), int(EcritBest())); }},
             {"new saved game", [this] { return int(CreePartie(fond->filList, QStringLiteral("c"))); }},

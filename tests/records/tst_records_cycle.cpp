@@ -121,19 +121,6 @@ private slots:
         QCOMPARE(readAll(partie()), QByteArray("\"ANNE\"\r\n999\r\n12\r\n0\r\n0\r\n0\r\n0\r\n"));
     }
 
-    // A pasted name of sixteen characters stays sixteen, and one outside the code page becomes '?'.
-    void aPastedNameIsTakenAsTheFilesHoldIt()
-    {
-        startProgram(true);
-        answerInTurn({[](QWidget *dialog) {
-            auto *mess = qobject_cast<frmMess *>(dialog);
-            mess->txtReponse->insert(QString(15, QChar(0xDF)) + QChar(0x142));
-            QTest::mouseClick(mess->reponse[0], Qt::LeftButton);
-        }});
-        s.clickMenu(1);
-        QCOMPARE(gNomJoueur, QString(15, QChar(0xDF)) + QLatin1Char('?'));
-    }
-
     void declinedLoadsAndSavesChangeNothing()
     {
         startProgram(true);
