@@ -50,10 +50,11 @@ bool faulted(const char *routine, int fd, int error)
     return readlink(link, path, sizeof path - 1) > 0 && faulted(routine, path, error);
 }
 
-template <typename Routine>
-Routine next(const char *name)
+// The routine of the C library that the one of this name below stands in front of.
+template <auto &Routine>
+auto next(const char *name)
 {
-    return reinterpret_cast<Routine>(dlsym(RTLD_NEXT, name));
+    return reinterpret_cast<decltype(&Routine)>(dlsym(RTLD_NEXT, name));
 }
 
 } // namespace
@@ -86,44 +87,28 @@ int open(const char *path, int flags, ...)
     va_start(arguments, flags);
     const mode_t mode = flags & O_CREAT ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
-    if (faulted("open", path, EACCES)) return -1;
-    return next<int (*)(const char *, int, ...)>("open")(path, flags, mode);
+    return faulted("open", path, EACCES) ? -1 : next<open>("open")(path, flags, mode);
 }
 
-ssize_t read(int fd, void *buffer, size_t size)
+ssize_t read(int fd, void *to, size_t n) { return faulted("read", fd, EIO) ? -1 : next<read>("read")(fd, to, n); }
+
+ssize_t write(int fd, const void *from, size_t n)
 {
-    if (faulted("read", fd, EIO)) return -1;
-    return next<ssize_t (*)(int, void *, size_t)>("read")(fd, buffer, size);
+    return faulted("write", fd, ENOSPC) ? -1 : next<write>("write")(fd, from, n);
 }
 
-ssize_t write(int fd, const void *buffer, size_t size)
-{
-    if (faulted("write", fd, ENOSPC)) return -1;
-    return next<ssize_t (*)(int, const void *, size_t)>("write")(fd, buffer, size);
-}
+int fsync(int fd) { return faulted("fsync", fd, EIO) ? -1 : next<fsync>("fsync")(fd); }
 
-int fsync(int fd)
-{
-    if (faulted("fsync", fd, EIO)) return -1;
-    return next<int (*)(int)>("fsync")(fd);
-}
-
-int close(int fd)
-{
-    if (faulted("close", fd, EIO)) return -1;
-    return next<int (*)(int)>("close")(fd);
-}
+int close(int fd) { return faulted("close", fd, EIO) ? -1 : next<close>("close")(fd); }
 
 int link(const char *from, const char *to) noexcept
 {
-    if (faulted("link", from, EIO)) return -1;
-    return next<int (*)(const char *, const char *)>("link")(from, to);
+    return faulted("link", from, EIO) ? -1 : next<link>("link")(from, to);
 }
 
 int rename(const char *from, const char *to) noexcept
 {
-    if (faulted("rename", from, EIO)) return -1;
-    return next<int (*)(const char *, const char *)>("rename")(from, to);
+    return faulted("rename", from, EIO) ? -1 : next<rename>("rename")(from, to);
 }
 
 int renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags) noexcept
@@ -133,13 +118,8 @@ int renameat2(int fromFolder, const char *from, int toFolder, const char *to, un
         errno = EINVAL;
         return -1;
     }
-    return next<int (*)(int, const char *, int, const char *, unsigned)>("renameat2")(fromFolder, from, toFolder, to,
-                                                                                      flags);
+    return next<renameat2>("renameat2")(fromFolder, from, toFolder, to, flags);
 }
 
-int unlink(const char *path) noexcept
-{
-    if (faulted("unlink", path, EIO)) return -1;
-    return next<int (*)(const char *)>("unlink")(path);
-}
+int unlink(const char *path) noexcept { return faulted("unlink", path, EIO) ? -1 : next<unlink>("unlink")(path); }
 }

@@ -65,9 +65,7 @@ int playSession()
     if (rankResult(gBestNiveau1, gBestTemps1, gBestNom1, 5, 100, QStringLiteral("ANNE")) && EcritBest())
         results |= BestWritten;
     gNomJoueur = QStringLiteral("ANNE");
-    gJeu = 1;
-    gNiveau = 5;
-    gTempsTotal = 100;
+    std::tie(gJeu, gNiveau, gTempsTotal) = std::tuple{1, 5, 100.0};
     FileList files(QStringLiteral("*.sml"));
     if (CreePartie(files, QStringLiteral("c"))) {
         results |= Created;
@@ -75,9 +73,7 @@ int playSession()
         if (rewriteSavedGame()) results |= CreatedWritten;
     }
     gNomPartie = QStringLiteral("a");
-    gJeu = 3;
-    gNiveau = 12;
-    gTempsTotal = 600;
+    std::tie(gJeu, gNiveau, gTempsTotal) = std::tuple{3, 12, 600.0};
     if (rewriteSavedGame()) results |= RewrittenA;
     return results;
 }
@@ -214,14 +210,13 @@ private slots:
                 QStringList damage;
                 const QString left = checkFolder(results < 0 || calls[at - 1].startsWith("unlink"), damage);
                 // What the session says it wrote is on disk, and a name it turned down has no file.
-                if (results >= 0) {
-                    if ((results & RewrittenA) && version("a.sml") != QLatin1String("new"))
-                        damage << "a.sml said written";
-                    if ((results & CreatedWritten) && version("c.sml") != QLatin1String("new"))
-                        damage << "c.sml said written";
-                    if (!(results & Created) && version("c.sml") != QLatin1String("none"))
-                        damage << "c.sml said not made";
-                }
+                const QList<std::tuple<bool, const char *, const char *>> said = {
+                    {results & RewrittenA, "a.sml", "new"},
+                    {results & CreatedWritten, "c.sml", "new"},
+                    {results >= 0 && !(results & Created), "c.sml", "none"}};
+                for (const auto &[told, name, held] : said)
+                    if (results >= 0 && told && version(name) != QLatin1String(held))
+                        damage << name + QStringLiteral(" said ") + held;
                 // The next start clears the leftovers and loses nothing either.
                 InitDonnees();
                 const QString next = checkFolder(false, damage);
@@ -234,8 +229,7 @@ private slots:
 
     void aFailedFsyncFailsTheWrite()
     {
-        gNomPartie = QStringLiteral("a");
-        gJeu = 2;
+        std::tie(gNomPartie, gJeu) = std::pair{QStringLiteral("a"), 2};
         const QList<std::pair<const char *, std::function<int()>>> writes = {
             {"best times", [] { return (gBestNom2[1] = QStringLiteral("NOUVEAU"), int(EcritBest())); }},
             {"new saved game", [this] { return int(CreePartie(fond->filList, QStringLiteral("c"))); }},
