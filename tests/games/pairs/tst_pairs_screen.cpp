@@ -5,9 +5,11 @@
 #include "best_times_bytes.h"
 #include "board_oracle.h"
 #include "game_steps.h"
+#include "pair_tiles_drawn.h"
 #include "system_input.h"
 
 #include <array>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -49,23 +51,24 @@ const char *const kLevel95 =
 const char *const kLevel119 =
     "QQTQQQTTR RSRSTTQQT STRSQSTSQ TRSTRSTTQ TTSQRSSTR RTSSSTTTT TQTRTQRTR R00000000 000000000";
 
+// The five pairs of level 0 in a winning order: the first tile, the block with it selected, the
+// second tile, the block after the pair. The "d" beside the third pair's first tile matches it by
+// the value the selection turned it to.
+const std::tuple<QPoint, const char *, QPoint, const char *> kLevelZeroPairs[] = {
+    {{5, 3}, "2Sad / C2C2 / BT3B", {3, 3}, "3Sad / .3.2 / CT3B"},
+    {{3, 2}, "3Tad / .3.2 / CT3B", {4, 3}, ".Qad / ...2 / CQ3B"},
+    {{5, 2}, ".Raa / ...2 / CQ3B", {6, 2}, ".R.. / ...3 / CQ3B"},
+    {{5, 4}, ".R.. / ...3 / CR3C", {6, 3}, ".R.. / .... / CR.D"},
+    {{4, 4}, ".R.. / .... / DR.D", {4, 2}, ".... / .... / D..D"}};
+
 int code(int x, int y) { return y * 9 + x; }
 QPoint centreOf(int x, int y) { return {kCell * x + kCell / 2, kCell * y + kCell / 2}; }
 
-// What the screen must hold for a board: the window's background behind it, and each tile drawn
-// through its mask, the selected tile from the smaller shape and pictures.
+// What the screen must hold for a board: the window's background behind it, and its tiles.
 QImage drawnBoard(const frmFond &fond, const Cells &cells, int selected)
 {
     QImage board = backgroundUnder(fond, kScreenPlace);
-    for (int y = 0; y < 9; ++y)
-        for (int x = 0; x < 9; ++x)
-            if (const int value = cells[x][y]; value > 0) {
-                const bool chosen = code(x, y) == selected;
-                const int c = (value - 48) / 16, n = (value - 48) % 16;
-                putMaskedSprite(board, {kCell * x, kCell * y}, fond.pctPion3->image,
-                                {kCell * (n - 1) + (chosen ? 208 : 0), kCell * c, kCell, kCell},
-                                {416, chosen ? kCell : 0});
-            }
+    drawPairTiles(board, fond.pctPion3->image, [&cells](int x, int y) { return cells[x][y]; }, selected);
     return board;
 }
 
@@ -118,30 +121,16 @@ class TestPairsScreen : public QObject {
         return screenFault(fond(), fond().pctEcran3, kScreenPlace, drawnBoard(fond(), cells, selected));
     }
 
-    // Plays one pair of level 0 as the player does, checking the board after each click.
-    void playPair(QPoint first, const char *selectedBlock, QPoint second, const char *afterBlock,
-                  Qt::MouseButton button = Qt::LeftButton)
+    // Plays pair i of level 0 as the player does, checking the board after each click.
+    void playPair(int i, Qt::MouseButton button = Qt::LeftButton)
     {
+        const auto &[first, selectedBlock, second, afterBlock] = kLevelZeroPairs[i];
         const qsizetype heard = played().size();
         click(button, centreOf(first.x(), first.y()));
         QCOMPARE(screenHolds(levelZero(selectedBlock), code(first.x(), first.y())), QString());
         click(button, centreOf(second.x(), second.y()));
         QCOMPARE(screenHolds(levelZero(afterBlock), -1), QString());
         QCOMPARE(played().mid(heard), cues("010x2"));
-    }
-
-    // Level 0 played up to its last pair, whose first tile is then selected at (3, 4); its second
-    // is at (6, 4).
-    void playLevelZeroUpToItsLastPair()
-    {
-        playPair({5, 3}, "2Sad / C2C2 / BT3B", {3, 3}, "3Sad / .3.2 / CT3B");
-        playPair({3, 2}, "3Tad / .3.2 / CT3B", {4, 3}, ".Qad / ...2 / CQ3B");
-        // The "d" beside the first tile matches it by the value the selection turned it to.
-        playPair({5, 2}, ".Raa / ...2 / CQ3B", {6, 2}, ".R.. / ...3 / CQ3B");
-        playPair({5, 4}, ".R.. / ...3 / CR3C", {6, 3}, ".R.. / .... / CR.D");
-        playPair({4, 4}, ".R.. / .... / DR.D", {4, 2}, ".... / .... / D..D");
-        clickCell(3, 4);
-        QCOMPARE(screenHolds(levelZero(".... / .... / D..D"), code(3, 4)), QString());
     }
 
 private slots:
@@ -157,16 +146,16 @@ private slots:
     // at the close, and the game is saved under a name typed between spaces.
     void aWholeGameFromTheStartButtonToTheSave()
     {
-        QCOMPARE(session.bestTimes(), timesFile(3));
         PlaySession::keepLevels(3, {0});
         session.startGame(3, QStringLiteral("anne"));
         verifyPlaying(fond(), 3, 0, QString());
-        QCOMPARE(gNbNiveaux, 1);
-        QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
         QCOMPARE(played(), cues("008 009 002"));
         QCOMPARE(screenHolds(levelZero("2Sdd / C1C1 / BT2B"), -1), QString());
 
-        playLevelZeroUpToItsLastPair();
+        for (int i = 0; i < 5; ++i) playPair(i);
+        // The last pair: its first tile at (3, 4), its second at (6, 4).
+        clickCell(3, 4);
+        QCOMPARE(screenHolds(levelZero(".... / .... / D..D"), code(3, 4)), QString());
         winTheGame(
             session, [this] { clickCell(6, 4); }, cues("008 009 002 010x12 001 001"), "ANNE", 3, 1, 0,
             QStringLiteral("  fin  "));
@@ -222,11 +211,9 @@ private slots:
 
         // Pairs: one sound per click, no other, each on record, and the level goes on.
         played().clear();
-        playPair({5, 3}, "2Sad / C2C2 / BT3B", {3, 3}, "3Sad / .3.2 / CT3B", button);
-        QCOMPARE(fond().pairs.iCoup3, 0);
+        for (int i = 0; i < 3; ++i) playPair(i, button);
+        QCOMPARE(fond().pairs.iCoup3, 2);
         verifyPlaying(fond(), 3, 0, QString());
-        playPair({3, 2}, "3Tad / .3.2 / CT3B", {4, 3}, ".Qad / ...2 / CQ3B", button);
-        playPair({5, 2}, ".Raa / ...2 / CQ3B", {6, 2}, ".R.. / ...3 / CQ3B", button);
 
         // A pair of touching tiles comes back in the steps the player sees: the second tile's
         // neighbour turns back, the second tile returns with the first one's neighbours turned back,
@@ -240,11 +227,11 @@ private slots:
         auto frames = film.frames;
         while (!frames.empty() && frames.front().second == 0) frames.erase(frames.begin());
         QCOMPARE(frames.size(), size_t(3));
-        QCOMPARE(firstWrongPixel(frames[0].first, drawnBoard(fond(), levelZero(".R.. / ...2 / CQ3B"), -1)), QString());
-        QCOMPARE(frames[0].second, 1);
-        QCOMPARE(firstWrongPixel(frames[1].first, drawnBoard(fond(), levelZero(".Q.d / ...2 / CQ3B"), -1)), QString());
-        QCOMPARE(frames[1].second, 2);
-        QCOMPARE(firstWrongPixel(frames[2].first, drawnBoard(fond(), levelZero(".Qad / ...2 / CQ3B"), -1)), QString());
+        const char *const steps[] = {".R.. / ...2 / CQ3B", ".Q.d / ...2 / CQ3B", ".Qad / ...2 / CQ3B"};
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(firstWrongPixel(frames[i].first, drawnBoard(fond(), levelZero(steps[i]), -1)), QString());
+            QCOMPARE(frames[i].second, qsizetype(std::min(i + 1, 2))); // the cues heard when the step showed
+        }
 
         // With a tile selected, one right click cancels it and takes the last pair back.
         played().clear();

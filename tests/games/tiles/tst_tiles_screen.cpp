@@ -107,12 +107,9 @@ private slots:
     // under the name typed.
     void aWholeGameOfTwoLevels()
     {
-        QCOMPARE(session.bestTimes(), timesFile());
         PlaySession::keepLevels(1, {0, 1});
         session.startGame(1, QStringLiteral("  anne  "));
         verifyPlaying(fond(), 1, 0, QString());
-        QCOMPARE(gNbNiveaux, 2);
-        QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
         QCOMPARE(played(), cues("008 009 002"));
         QCOMPARE(screenFault(), QString());
 
@@ -154,7 +151,6 @@ private slots:
         const QPoint topLeft(0, 278);
         click(Qt::LeftButton, topLeft);
         QCOMPARE(played(), cues("010"));
-        QCOMPARE(fond().tiles.tabCoups1[0], 0);
         QCOMPARE(screenFault(), QString());
 
         // The tile just placed, to its last pixel, with either button.
@@ -163,16 +159,12 @@ private slots:
         clickIgnored(Qt::MiddleButton, {27, 300});
 
         click(Qt::MiddleButton, {431, 547});
-        QCOMPARE(fond().tiles.tabCoups1[1], 4 * 8 + 7);
         click(Qt::LeftButton, {431, 278});
-        QCOMPARE(fond().tiles.tabCoups1[2], 7);
-        click(Qt::LeftButton, {0, 332}); // row 1 under the first tile, which gains a pip
-        QCOMPARE(fond().tiles.tabCoups1[3], 8);
-        QCOMPARE(fond().tiles.tabJeu1[0][0], 2);
-        click(Qt::MiddleButton, {54, 278}); // column 1, beside the first tile
-        QCOMPARE(fond().tiles.tabCoups1[4], 1);
+        click(Qt::LeftButton, {0, 332});    // row 1 under the first tile, which gains a pip
+        click(Qt::MiddleButton, {54, 278}); // column 1, beside the first tile: one more pip
+        QCOMPARE(std::vector<int32_t>(fond().tiles.tabCoups1, fond().tiles.tabCoups1 + fond().tiles.iCoup1 + 1),
+                 (std::vector<int32_t>{0, 4 * 8 + 7, 7, 8, 1}));
         QCOMPARE(fond().tiles.tabJeu1[0][0], 3);
-        QCOMPARE(fond().tiles.iCoup1, 4);
         QCOMPARE(played(), cues("010x5"));
         verifyPlaying(fond(), 1, 0, QString());
         QCOMPARE(screenFault(), QString());
