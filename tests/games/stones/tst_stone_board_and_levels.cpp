@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The stones game: its board model worked by hand, its solver's shortest solution, take-backs on
-// every stored level, and the store's check.
+// The stones game: its board model worked by hand, its solver's shortest solution, and the store's
+// check.
 #include "check_stones.h"
 #include "level_edits.h"
 #include "solve_stones.h"
@@ -133,22 +133,6 @@ private slots:
             QVERIFY(solution->size() <= other.size());
         }
         QVERIFY(clearable > 100 && clearable < 200);
-    }
-
-    // Every stored level survives random clicks taken back; the store's check clears each one.
-    void everyStoredLevelSurvivesTakeBacks()
-    {
-        std::mt19937 rng(7);
-        for (int n = 0; n < 100 && !QTest::currentTestFailed(); ++n) {
-            StoneBoard board = boardOf(store, n);
-            for (int i = 0; i < 30; ++i) {
-                const int cell = int(rng() % 72);
-                click(board, cell);
-                board.Annule2();
-                QVERIFY2(changedEntries(board, boardOf(store, n)) == 0,
-                         qPrintable(QString("level %1, cell %2").arg(n).arg(cell)));
-            }
-        }
     }
 
     void checkerAcceptsTheShippedStore()
