@@ -35,14 +35,10 @@ void parse(QStringList args)
         QStringLiteral("art shot origin game upper lower board selected level box buttons").split(QLatin1Char(' '));
     for (args.removeFirst(); !args.isEmpty();) {
         const QString name = args.takeFirst().mid(2);
-        if (name == QLatin1String("dialog"))
-            o[name] = name;
-        else if (!names.contains(name))
-            misuse(QStringLiteral("unknown option --") + name);
-        else if (args.isEmpty())
-            misuse(QStringLiteral("no value after --") + name);
-        else
-            o[name] = args.takeFirst();
+        const bool flag = name == QLatin1String("dialog");
+        if (!flag && (!names.contains(name) || args.isEmpty()))
+            misuse(QStringLiteral("unknown option, or no value after it: --") + name);
+        o[name] = flag ? name : args.takeFirst();
     }
     if (o.value(QStringLiteral("art")).isEmpty() || o.value(QStringLiteral("shot")).isEmpty())
         misuse(QStringLiteral("--art and --shot are needed"));

@@ -58,7 +58,7 @@ class TestStoneLevels : public QObject {
     const std::string store = storedLevels();
 
 private slots:
-    void levelZeroIsClearedByTwoClicksInEitherOrder()
+    void readingAndClearing()
     {
         QCOMPARE(store.size(), size_t(7200));
         for (int first : {3, 4}) {
@@ -68,11 +68,7 @@ private slots:
             board.Retourne2(7 - first, 4);
             QVERIFY(board.Vide2());
         }
-    }
-
-    // Digits above zero read as stones, the last click is forgotten, and the spare column is never read.
-    void readingAndTheSpareColumn()
-    {
+        // Digits above zero read as stones, the last click is forgotten, and the spare column is never read.
         StoneBoard board;
         board.Retourne2(0, 0);
         board.LitNiveau2(std::string(143, '0') + "2", 1);
@@ -101,18 +97,14 @@ private slots:
         }
     }
 
-    void onlyTheThirtyCellPatternChangesNothing()
+    void thePatternAndTheShorterSolution()
     {
         QCOMPARE(stoneClickKernel(), std::vector<std::vector<int32_t>>{thirtyCellPattern()});
-        StoneBoard board = boardOf(store, 99);
-        for (int32_t c : thirtyCellPattern()) click(board, c);
-        QCOMPARE(changedEntries(board, boardOf(store, 99)), 0);
-    }
-
-    // A clearable board has two solutions, one the other with the thirty-cell pattern toggled: the
-    // solver's clears the board and is the shorter.
-    void solverGivesTheShorterSolution()
-    {
+        StoneBoard level99 = boardOf(store, 99);
+        for (int32_t c : thirtyCellPattern()) click(level99, c);
+        QCOMPARE(changedEntries(level99, boardOf(store, 99)), 0);
+        // A clearable board has two solutions, one the other with the thirty-cell pattern toggled: the
+        // solver's clears the board and is the shorter.
         QCOMPARE(solveStones(StoneBoard{}), std::optional<std::vector<int32_t>>(std::vector<int32_t>{}));
         const std::vector<int32_t> pattern = thirtyCellPattern();
         std::mt19937 rng(11);
@@ -135,15 +127,11 @@ private slots:
         QVERIFY(clearable > 100 && clearable < 200);
     }
 
-    void checkerAcceptsTheShippedStore()
+    void storeCheck()
     {
-        std::ostringstream out;
-        QVERIFY2(checkStoneLevels(store, out).ok, out.str().c_str());
-        QVERIFY(out.str().find("distinct levels    100") != std::string::npos);
-    }
-
-    void checkerRejectsDamagedStores()
-    {
+        std::ostringstream shipped;
+        QVERIFY2(checkStoneLevels(store, shipped).ok, shipped.str().c_str());
+        QVERIFY(shipped.str().find("distinct levels    100") != std::string::npos);
         const auto damaged = [this](const std::function<void(std::string &)> &damage) {
             std::string s = store;
             damage(s);
