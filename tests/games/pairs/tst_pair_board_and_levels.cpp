@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: MIT
-// The pairs game: its board model worked by hand and at random, the solver's limits, and the store's
-// check, which solves every stored level and plays the solution on the real board.
+// The pairs game: its board model worked by hand, the solver's limits, and the store's check, which
+// solves every stored level and plays the solution on the real board.
 #include "check_pairs.h"
 #include "level_edits.h"
 #include "solve_pairs.h"
 
 #include <QFile>
-#include <QRandomGenerator>
 #include <QTest>
 
 #include <algorithm>
 #include <cstdlib>
 #include <sstream>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -42,16 +40,6 @@ char byteAt(const PairBoard &board, int x, int y)
 bool sameCells(const PairBoard &a, const PairBoard &b)
 {
     return std::equal(&a.tabPions3[0][0], &a.tabPions3[0][0] + 100, &b.tabPions3[0][0]);
-}
-
-// The second cells that match `first` once it is selected.
-std::vector<int> matchesOf(PairBoard board, int first)
-{
-    std::vector<int> found;
-    board.Selectionne3(first % 9, first / 9);
-    for (int c = 0; c < 81; ++c)
-        if (c != first && board.tabPions3[c % 9][c / 9] != 0 && board.Pareil3(c % 9, c / 9)) found.push_back(c);
-    return found;
 }
 
 } // namespace
@@ -125,37 +113,6 @@ private slots:
         for (int i = 0; i < 10; ++i) QVERIFY(board.tabPions3[9][i] == 7 && board.tabPions3[i][9] == 7);
         board.Annule3();
         QVERIFY(sameCells(board, before));
-    }
-
-    // Random pairs on every stored level, each position kept, then all taken back one by one.
-    void takingBackRestoresEveryPosition()
-    {
-        QRandomGenerator random(1951);
-        int touchingPairs = 0;
-        for (int level = 0; level < 120; ++level) {
-            PairBoard board = boardOf(store, level);
-            QVERIFY(!board.Vide3());
-            std::vector<PairBoard> seen{board};
-            for (int tries = 0; tries < 200 && !board.Vide3(); ++tries) {
-                const int first = random.bounded(81);
-                if (board.tabPions3[first % 9][first / 9] == 0) continue;
-                const std::vector<int> matches = matchesOf(board, first);
-                if (matches.empty()) continue;
-                const int second = matches[random.bounded(int(matches.size()))];
-                const int distance = std::abs(second - first);
-                touchingPairs += distance == 9 || (distance == 1 && second / 9 == first / 9);
-                board.Selectionne3(first % 9, first / 9);
-                board.Retire3(second % 9, second / 9);
-                seen.push_back(board);
-            }
-            QCOMPARE(board.iCoup3, int(seen.size()) - 2);
-            while (board.iCoup3 >= 0) {
-                board.Annule3();
-                seen.pop_back();
-                QVERIFY2(sameCells(board, seen.back()), qPrintable(QString("level %1").arg(level)));
-            }
-        }
-        QVERIFY(touchingPairs > 20);
     }
 
     void solverAndStoreCheck()

@@ -192,9 +192,6 @@ private slots:
                                                    QStringLiteral("mlbestTime.dat")}));
         QCOMPARE(session.dataFile(QStringLiteral("mardi.sml")), savedGame("ANNE", 2, 5));
         QCOMPARE(session.dataFile(QStringLiteral("Lundi.sml")), taken);
-        QCOMPARE(PlaySession::entriesOf(session.home->path()), QStringList{QStringLiteral("cerscore")});
-        QCOMPARE(PlaySession::entriesOf(session.home->path() + QStringLiteral("/cerscore")),
-                 QStringList{QStringLiteral("marel32b")});
         verifyIdle(*fond);
     }
 
