@@ -32,12 +32,6 @@ StoneBoard levelBoard(int n, std::initializer_list<QPoint> clicks = {})
     return board;
 }
 
-// The stones of two boards, over all nine columns of the array, the unused ninth too.
-bool sameStones(const StoneBoard &a, const StoneBoard &b)
-{
-    return std::equal(&a.tabPions2[0][0], &a.tabPions2[0][0] + 81, &b.tabPions2[0][0]);
-}
-
 // What the screen must show for a board: the window's background behind it, and each stone drawn
 // through its mask.
 QImage expectedScreen(const frmFond &fond, const StoneBoard &board)
@@ -79,7 +73,8 @@ class TestStonesScreen : public QObject {
     // The board in play is the one given, with the click given last on record, and the screen shows it.
     void verifyBoard(const StoneBoard &board, int coup = -1)
     {
-        QVERIFY(sameStones(fond->stones, board));
+        // All nine columns of the array, the unused ninth too.
+        QVERIFY(std::equal(&board.tabPions2[0][0], &board.tabPions2[0][0] + 81, &fond->stones.tabPions2[0][0]));
         QCOMPARE(fond->stones.iCoup2, coup);
         QCOMPARE(screenFault(fond->stones), QString());
     }
