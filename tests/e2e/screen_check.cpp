@@ -68,7 +68,8 @@ void eachCell(const char *name, int columns, int lines, int width,
     const QStringList rows = o.value(QLatin1String(name)).split(QLatin1Char('/'));
     if (rows.size() != lines) misuse(QStringLiteral("expected %1 rows after --%2").arg(lines).arg(name));
     for (int y = 0; y < lines; ++y) {
-        if (rows[y].size() != columns * width) misuse(QStringLiteral("expected %1 cells: %2").arg(columns).arg(rows[y]));
+        if (rows[y].size() != columns * width)
+            misuse(QStringLiteral("expected %1 cells: %2").arg(columns).arg(rows[y]));
         for (int x = 0; x < columns; ++x) f(x, y, rows[y].mid(x * width, width));
     }
 }
@@ -115,7 +116,8 @@ int checkBoard(const QImage &fond, const QImage &shot, int game)
             values[x][y] = c == QLatin1String("..") ? 0 : 48 + 16 * colour + pips;
         });
         const QPoint at = o.contains(QStringLiteral("selected")) ? point(QStringLiteral("selected")) : QPoint(-1, 0);
-        drawPairTiles(expected, sheet, [&values](int x, int y) { return values[x][y]; }, at.x() < 0 ? -1 : 9 * at.y() + at.x());
+        drawPairTiles(
+            expected, sheet, [&values](int x, int y) { return values[x][y]; }, at.x() < 0 ? -1 : 9 * at.y() + at.x());
     }
     return compare(shot, place.topLeft(), expected, QStringLiteral("board"));
 }

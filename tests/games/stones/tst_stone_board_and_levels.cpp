@@ -137,14 +137,13 @@ private slots:
             damage(s);
             return s;
         };
+        const auto flipped = [](int x, int y) { return std::pair{x, -y}; };
         const std::pair<std::string, const char *> cases[] = {
             {damaged([](std::string &s) { s.pop_back(); }), "not a multiple of 72"},
             {damaged([](std::string &s) { s.resize(99 * 72); }), "99 levels"},
             {damaged([](std::string &s) { s[500] = '2'; }), "other than"},
             {damaged([](std::string &s) { s[99 * 72] = '0'; }), "level 99 differs"},
-            {damaged([](std::string &s) {
-                 s.replace(31 * 72, 72, movedLevel(s.substr(30 * 72, 72), 8, 9, [](int x, int y) { return std::pair{x, -y}; }));
-             }),
+            {damaged([&](std::string &s) { s.replace(31 * 72, 72, movedLevel(s.substr(30 * 72, 72), 8, 9, flipped)); }),
              "level 31 repeats level 30"},
             {withLevelsSwapped(store, 72, 3, 97), "level 97 of the last quarter is easier"},
             // One stone added on the thirty-cell pattern leaves the level without a solution.

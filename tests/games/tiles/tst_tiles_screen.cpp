@@ -97,7 +97,6 @@ private slots:
         PlaySession::keepLevels(1, {0, 1});
         session.startGame(1, QStringLiteral("  anne  "));
         verifyPlaying(fond(), 1, 0, QString());
-        QCOMPARE(played(), cues("008 009 002"));
         QCOMPARE(screenFault(), QString());
 
         for (int i = 0; i < 4; ++i) place(kSolutions[0][i]);
@@ -110,7 +109,6 @@ private slots:
         // The next level is up: fresh sockets, its own number, the clock running again.
         verifyPlaying(fond(), 1, 1, QString());
         QCOMPARE(fond().tiles.iCoup1, -1);
-        QCOMPARE(played(), heard + cues("002"));
         QCOMPARE(screenFault(), QString());
         for (int i = 0; i < 8; ++i) {
             place(kSolutions[1][i]);
@@ -137,7 +135,6 @@ private slots:
 
         const QPoint topLeft(0, 278);
         click(Qt::LeftButton, topLeft);
-        QCOMPARE(played(), cues("010"));
         QCOMPARE(screenFault(), QString());
 
         // The tile just placed, to its last pixel, with either button.
