@@ -11,7 +11,7 @@
 // 'S' an empty socket, '1' to '4' a tile, 'W' a target of a won level. Jeu 2: '.' or 'o' (a stone).
 // Jeu 3, two characters a cell: ".." or colour (0 to 3) then pips (1 to 4).
 // Exit status: 0 the screen matches, 1 it does not (the differences go to standard output), 2 misuse.
-#include "sprite_pixels.h"
+#include "pair_tiles_drawn.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -35,14 +35,10 @@ void parse(QStringList args)
         QStringLiteral("art shot origin game upper lower board selected level box buttons").split(QLatin1Char(' '));
     for (args.removeFirst(); !args.isEmpty();) {
         const QString name = args.takeFirst().mid(2);
-        if (name == QLatin1String("dialog"))
-            o[name] = name;
-        else if (!names.contains(name))
-            misuse(QStringLiteral("unknown option --") + name);
-        else if (args.isEmpty())
-            misuse(QStringLiteral("no value after --") + name);
-        else
-            o[name] = args.takeFirst();
+        const bool flag = name == QLatin1String("dialog");
+        if (!flag && (!names.contains(name) || args.isEmpty()))
+            misuse(QStringLiteral("unknown option, or no value after it: --") + name);
+        o[name] = flag ? name : args.takeFirst();
     }
     if (o.value(QStringLiteral("art")).isEmpty() || o.value(QStringLiteral("shot")).isEmpty())
         misuse(QStringLiteral("--art and --shot are needed"));
@@ -64,18 +60,18 @@ QImage picture(const char *name)
     return image.convertToFormat(QImage::Format_RGB32);
 }
 
-// The cells of a board option, row by row, each of `width` characters; exact dimensions or misuse.
-QList<QStringList> cells(const QString &name, int columns, int lines, int width)
+// Calls f(x, y, cell) for each cell of a board option, rows from the top, cells of `width`
+// characters; exact dimensions or misuse.
+void eachCell(const char *name, int columns, int lines, int width,
+              const std::function<void(int, int, const QString &)> &f)
 {
-    QList<QStringList> out;
-    const QStringList rows = o.value(name).split(QLatin1Char('/'));
+    const QStringList rows = o.value(QLatin1String(name)).split(QLatin1Char('/'));
     if (rows.size() != lines) misuse(QStringLiteral("expected %1 rows after --%2").arg(lines).arg(name));
-    for (const QString &row : rows) {
-        if (row.size() != columns * width) misuse(QStringLiteral("expected %1 cells: %2").arg(columns).arg(row));
-        out.append(QStringList());
-        for (int x = 0; x < columns; ++x) out.last().append(row.mid(x * width, width));
+    for (int y = 0; y < lines; ++y) {
+        if (rows[y].size() != columns * width)
+            misuse(QStringLiteral("expected %1 cells: %2").arg(columns).arg(rows[y]));
+        for (int x = 0; x < columns; ++x) f(x, y, rows[y].mid(x * width, width));
     }
-    return out;
 }
 
 // 0 when the shot holds `expected` at `at` in window coordinates, else 1 and the first wrong pixel.
@@ -97,41 +93,31 @@ int checkBoard(const QImage &fond, const QImage &shot, int game)
     const auto bad = [](const QString &cell) { misuse(QStringLiteral("bad cell ") + cell); };
     if (game == 1) {
         // The upper board, then the lower one 278 pixels down; '1' to '4', 'S' and 'W' are sheet cells 0 to 5.
-        const QList<QStringList> boards[] = {cells(QStringLiteral("upper"), 8, 5, 1),
-                                             cells(QStringLiteral("lower"), 8, 5, 1)};
         for (int b = 0; b < 2; ++b)
-            for (int y = 0; y < 5; ++y)
-                for (int x = 0; x < 8; ++x) {
-                    const QString &c = boards[b][y][x];
-                    const int index = QString::fromLatin1(b == 0 ? "1234.W" : "1234S.").indexOf(c);
-                    if (index < 0) bad(c);
-                    if (c != QLatin1String("."))
-                        putSprite(expected, {side * x, 278 * b + side * y}, sheet, {side * index, 0, side, side});
-                }
+            eachCell(b == 0 ? "upper" : "lower", 8, 5, 1, [&](int x, int y, const QString &c) {
+                const int index = QString::fromLatin1(b == 0 ? "1234.W" : "1234S.").indexOf(c);
+                if (index < 0) bad(c);
+                if (c != QLatin1String("."))
+                    putSprite(expected, {side * x, 278 * b + side * y}, sheet, {side * index, 0, side, side});
+            });
     } else if (game == 2) {
-        const auto board = cells(QStringLiteral("board"), 8, 9, 1);
-        for (int y = 0; y < 9; ++y)
-            for (int x = 0; x < 8; ++x) {
-                if (board[y][x] == QLatin1String("o"))
-                    putMaskedSprite(expected, {side * x, side * y}, sheet, {0, 0, side, side}, {side, 0});
-                else if (board[y][x] != QLatin1String("."))
-                    bad(board[y][x]);
-            }
+        eachCell("board", 8, 9, 1, [&](int x, int y, const QString &c) {
+            if (c == QLatin1String("o"))
+                putMaskedSprite(expected, {side * x, side * y}, sheet, {0, 0, side, side}, {side, 0});
+            else if (c != QLatin1String("."))
+                bad(c);
+        });
     } else {
-        const auto board = cells(QStringLiteral("board"), 9, 9, 2);
-        const QPoint selected =
-            o.contains(QStringLiteral("selected")) ? point(QStringLiteral("selected")) : QPoint(-1, -1);
-        for (int y = 0; y < 9; ++y)
-            for (int x = 0; x < 9; ++x) {
-                const QString &c = board[y][x];
-                if (c == QLatin1String("..")) continue;
-                const int colour = c[0].digitValue(), pips = c[1].digitValue();
-                if (colour < 0 || colour > 3 || pips < 1 || pips > 4) bad(c);
-                const bool chosen = selected == QPoint(x, y);
-                putMaskedSprite(expected, {side * x, side * y}, sheet,
-                                {side * (pips - 1) + (chosen ? 208 : 0), side * colour, side, side},
-                                {416, chosen ? side : 0});
-            }
+        // Level bytes: colour then pips, 48 + 16 * colour + pips.
+        int values[9][9] = {};
+        eachCell("board", 9, 9, 2, [&](int x, int y, const QString &c) {
+            const int colour = c[0].digitValue(), pips = c[1].digitValue();
+            if (c != QLatin1String("..") && (colour < 0 || colour > 3 || pips < 1 || pips > 4)) bad(c);
+            values[x][y] = c == QLatin1String("..") ? 0 : 48 + 16 * colour + pips;
+        });
+        const QPoint at = o.contains(QStringLiteral("selected")) ? point(QStringLiteral("selected")) : QPoint(-1, 0);
+        drawPairTiles(
+            expected, sheet, [&values](int x, int y) { return values[x][y]; }, at.x() < 0 ? -1 : 9 * at.y() + at.x());
     }
     return compare(shot, place.topLeft(), expected, QStringLiteral("board"));
 }

@@ -3,6 +3,7 @@
 // with a tile selected: at each whole ratio every surface holds the art drawn for it and the board
 // shows, pixel for pixel, what the model and that art make; at 1.5 the 2x art is brought down
 // smoothly. Also: a surface keeps only the copies that still show.
+#include "../games/pairs/pair_tiles_drawn.h"
 #include "board_oracle.h"
 #include "play_session.h"
 #include "pointers.h"
@@ -16,22 +17,13 @@ namespace {
 constexpr int kCell = 52;
 const QRect kScreenPlace(110, 66, 468, 468);
 
-// Screen 3 as the model and the art drawn for a scale make it: the window's picture behind it, each
-// tile through its mask, the selected one from the smaller shape and pictures.
+// Screen 3 as the model and the art drawn for a scale make it: the window's picture behind the tiles.
 QImage pairsScreen(const PairBoard &pairs, int scale)
 {
     const QImage fond = artPicture(QStringLiteral("fond.jpg"), scale);
-    const QImage sheet = artPicture(QStringLiteral("pion3.bmp"), scale);
     QImage board = fond.copy(devicePixels(fond, kScreenPlace));
-    for (int y = 0; y < 9; ++y)
-        for (int x = 0; x < 9; ++x)
-            if (const int value = pairs.tabPions3[x][y]; value > 0) {
-                const bool chosen = y * 9 + x == pairs.iChoix3;
-                putMaskedSprite(board, {kCell * x, kCell * y}, sheet,
-                                {kCell * (PairBoard::points(value) - 1) + (chosen ? 208 : 0),
-                                 kCell * PairBoard::couleur(value), kCell, kCell},
-                                {416, chosen ? kCell : 0});
-            }
+    drawPairTiles(board, artPicture(QStringLiteral("pion3.bmp"), scale),
+                  [&pairs](int x, int y) { return pairs.tabPions3[x][y]; }, pairs.iChoix3);
     return board;
 }
 

