@@ -6,6 +6,7 @@
 #include "frmBest.h"
 #include "play_session.h"
 #include "system_input.h"
+#include "window_states.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -51,7 +52,6 @@ private slots:
     {
         for (int game : {0, 2}) {
             if (game) s.startGame(game, QStringLiteral("eve"));
-            gTempsNiveau = 9;
             s.played().clear();
             bool stopped = false;
             whenModal([this, &stopped](QWidget *dialog) {
@@ -62,9 +62,7 @@ private slots:
             s.clickMenu(4);
             QVERIFY(stopped);
             QCOMPARE(s.played(), cues("008 009"));
-            QCOMPARE(gJeu, game);
             QCOMPARE(s.fond->myTimer.isActive(), game != 0);
-            QCOMPARE(gTempsNiveau, 9.0);
         }
         QVERIFY(s.fond->pctEcran2->isVisible());
     }
@@ -90,15 +88,9 @@ private slots:
         });
         s.clickMenu(1);
         QVERIFY(checked);
-        QCOMPARE(gJeu, 2);
-        QCOMPARE(gNbNiveaux, 3);
+        verifyPlaying(*s.fond, 2, 0, QString());
         QCOMPARE(gNomJoueur, QStringLiteral("ZOÉ LA"));
-        QCOMPARE(gTempsTotal, 0.0);
-        QVERIFY(!gASauver);
-        QVERIFY(s.fond->isEnabled());
-        QVERIFY(s.fond->pctEcran2->isVisible());
-        QCOMPARE(s.fond->labNiveau->text(), QStringLiteral("000"));
-        QVERIFY(s.fond->myTimer.isActive());
+        QCOMPARE(std::tuple(gNbNiveaux, gTempsTotal, gASauver), std::tuple(3, 0.0, false));
         QCOMPARE(s.fond->tambour.played, cues("008 009 002"));
     }
 
@@ -140,12 +132,9 @@ private slots:
         });
         s.clickMenu(3);
         QVERIFY(hidden);
-        QVERIFY(s.fond->pctEcran2->isVisible());
-        QVERIFY(s.fond->myTimer.isActive());
         QCOMPARE(screenNow(2), before);
-        QCOMPARE(gTempsNiveau, 41.0);
         s.fond->myTimer_Timer();
-        QCOMPARE(s.fond->labTemps->text(), QStringLiteral(" 42"));
+        verifyPlaying(*s.fond, 2, 0, QStringLiteral(" 42"));
     }
 
     void rejouerReplaysTheLevelAndCtrlPassesIt()
@@ -158,13 +147,9 @@ private slots:
         gTempsNiveau = 12;
         s.answer(QStringLiteral("Rejouer"));
         s.clickMenu(3);
-        QCOMPARE(gNiveau, 0);
-        QCOMPARE(s.fond->tiles.iCoup1, -1);
-        QCOMPARE(gTempsNiveau, 0.0);
-        QVERIFY(s.fond->labTemps->text().isEmpty());
-        QCOMPARE(gTempsTotal, 77.0);
-        QVERIFY(gASauver);
-        QVERIFY(s.fond->myTimer.isActive());
+        verifyPlaying(*s.fond, 1, 0, QString());
+        QCOMPARE(std::tuple(s.fond->tiles.iCoup1, gTempsNiveau, gTempsTotal, gASauver),
+                 std::tuple(-1, 0.0, 77.0, true));
 
         // Ctrl held from before the click on the button; its release in the dialog does not count.
         for (int expected : {1, 2, 2}) {
@@ -180,7 +165,6 @@ private slots:
             QTest::keyRelease(s.fond.get(), Qt::Key_Control);
         }
         QCOMPARE(s.fond->labNiveau->text(), QStringLiteral("002"));
-        QCOMPARE(gTempsTotal, 77.0);
     }
 
     // While a game runs, buttons 0, 1, 2 and 6 are silent and help leaves the game as it is; "Abandonner"
@@ -197,14 +181,7 @@ private slots:
         gNiveau = 0;
         s.answer(QStringLiteral("Abandonner"));
         s.clickMenu(3);
-        QCOMPARE(gJeu, 0);
-        QVERIFY(gNomPartie.isEmpty());
-        QVERIFY(!gASauver);
-        QVERIFY(!s.fond->labNiveau->isVisible());
-        QVERIFY(!s.fond->labTemps->isVisible());
-        QVERIFY(!s.fond->pctEcran3->isVisible());
-        QVERIFY(!s.fond->myTimer.isActive());
-        QCOMPARE(s.fond->image.pixel(30, 482), s.fond->pctMenu->image.pixel(30, 352));
+        verifyIdle(*s.fond);
         QCOMPARE(gNomJoueur, QStringLiteral("EVE"));
     }
 

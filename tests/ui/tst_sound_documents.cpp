@@ -36,6 +36,15 @@ class TestSoundDocuments : public QObject {
         if (!exec.isEmpty()) defaults.write("[Default Applications]\n" + mimeType.toUtf8() + "=test-viewer.desktop\n");
     }
 
+    void writeScript(const QString &name, const QByteArray &body, const QByteArray &interpreter = "/bin/sh")
+    {
+        QFile script(desktop.filePath(name));
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        script.write("#!" + interpreter + "\n" + body + "\n");
+        script.close();
+        script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
+    }
+
     // Whether a library whose file name holds this text is mapped into the process.
     static bool mapped(const char *library)
     {
@@ -62,19 +71,13 @@ private slots:
         qputenv("XDG_DATA_HOME", desktop.filePath(QStringLiteral("data")).toUtf8());
         qputenv("XDG_DATA_DIRS", desktop.filePath(QStringLiteral("empty")).toUtf8());
         qputenv("XDG_CONFIG_DIRS", desktop.filePath(QStringLiteral("empty")).toUtf8());
-        QFile script(desktop.filePath(QStringLiteral("viewer.sh")));
-        QVERIFY(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\nprintf '%s\\n' \"$@\" >> \"" + viewerLog().toUtf8() + "\"\n");
-        script.close();
-        script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
+        writeScript(QStringLiteral("viewer.sh"), "printf '%s\\n' \"$@\" >> \"" + viewerLog().toUtf8() + "\"");
+        // A viewer that is there but whose interpreter is gone.
+        writeScript(QStringLiteral("broken-viewer"), "", "/nonexistent/interpreter");
         // The desktop's look-up of a viewer made slower, as it is on some desktops.
         QDir(desktop.path()).mkpath(QStringLiteral("slow"));
-        QFile slow(desktop.filePath(QStringLiteral("slow/xdg-mime")));
-        QVERIFY(slow.open(QIODevice::WriteOnly));
-        slow.write("#!/bin/sh\nsleep 1\nexec " + QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).toUtf8()
-                   + " \"$@\"\n");
-        slow.close();
-        slow.setPermissions(slow.permissions() | QFileDevice::ExeOwner);
+        writeScript(QStringLiteral("slow/xdg-mime"),
+                    "sleep 1\nexec " + QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).toUtf8() + " \"$@\"");
     }
 
     void init()
@@ -116,53 +119,45 @@ private slots:
         }
     }
 
-    void helpOpensInTheRegisteredViewer()
+    // A registered viewer gets the help once for a double click; with none nothing shows; one that
+    // cannot start gives the warning box.
+    void helpOpensInTheViewerOrSaysWhyNot_data()
     {
-        registerViewer(QStringLiteral("text/html"), desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
+        QTest::addColumn<QString>("viewer");
+        QTest::addColumn<bool>("opens");
+        QTest::newRow("registered") << "viewer.sh %f" << true;
+        QTest::newRow("none") << QString() << false;
+        QTest::newRow("cannot start") << "broken-viewer %u" << false;
+    }
+    void helpOpensInTheViewerOrSaysWhyNot()
+    {
+        QFETCH(QString, viewer);
+        QFETCH(bool, opens);
+        registerViewer(QStringLiteral("text/html"), viewer.isEmpty() ? viewer : desktop.filePath(viewer));
+        const QString aide = gCheminApp + QStringLiteral("aidemarelle/aide.htm");
+        const bool warns = viewer.startsWith(QLatin1String("broken"));
+        QString shown;
+        if (warns)
+            whenModal([&](QWidget *dialog) {
+                auto *box = qobject_cast<QMessageBox *>(dialog);
+                QVERIFY(box && box->icon() == QMessageBox::Warning);
+                shown = box->windowTitle() + u'|' + box->text();
+                box->accept();
+            });
         gJeu = 2;
         OuvreAide(fond.get());
         OuvreAide(fond.get()); // a second click while the first is on its way starts no second viewer
-        const QString aide = gCheminApp + QStringLiteral("aidemarelle/aide.htm");
+        QTRY_COMPARE_WITH_TIMEOUT(viewerLookUps(), 0, 5000);
+        QTRY_COMPARE_WITH_TIMEOUT(shown, warns ? QStringLiteral("Marelle|Impossible d'ouvrir :\r\n") + aide : QString(),
+                                  5000);
         const auto logged = [this] {
             QFile log(viewerLog());
             return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()).trimmed() : QString();
         };
-        QTRY_COMPARE_WITH_TIMEOUT(logged(), aide, 5000);
-        QCOMPARE(openedDocuments(), QStringList({aide}));
-        QCOMPARE(gJeu, 2);
-    }
-
-    void noViewerIsSilent()
-    {
-        registerViewer(QStringLiteral("text/html"), QString());
-        OuvreAide(fond.get());
-        QTRY_COMPARE_WITH_TIMEOUT(viewerLookUps(), 0, 5000);
-        QVERIFY(openedDocuments().isEmpty());
+        QTRY_COMPARE_WITH_TIMEOUT(logged(), opens ? aide : QString(), 5000);
+        QCOMPARE(openedDocuments(), opens ? QStringList({aide}) : QStringList());
         QVERIFY(!QApplication::activeModalWidget());
-    }
-
-    void aViewerThatCannotStartGivesTheWarningBox()
-    {
-        // A viewer that is there but whose interpreter is gone.
-        QFile broken(desktop.filePath(QStringLiteral("broken-viewer")));
-        QVERIFY(broken.open(QIODevice::WriteOnly));
-        broken.write("#!/nonexistent/interpreter\n");
-        broken.close();
-        broken.setPermissions(broken.permissions() | QFileDevice::ExeOwner);
-        registerViewer(QStringLiteral("text/html"), broken.fileName() + " %u");
-        QString shown;
-        whenModal([&](QWidget *dialog) {
-            auto *box = qobject_cast<QMessageBox *>(dialog);
-            QVERIFY(box && box->icon() == QMessageBox::Warning);
-            shown = box->windowTitle() + u'|' + box->text();
-            box->accept();
-        });
-        OuvreAide(fond.get());
-        QTRY_COMPARE_WITH_TIMEOUT(shown,
-                                  QStringLiteral("Marelle|Impossible d'ouvrir :\r\n") + gCheminApp
-                                      + QStringLiteral("aidemarelle/aide.htm"),
-                                  5000);
-        QVERIFY(openedDocuments().isEmpty());
+        QCOMPARE(gJeu, 2);
     }
 
     void thePictureOpensTheCatalogue()
