@@ -22,16 +22,11 @@ private slots:
         QVERIFY(fond.Form_Load());
 
         QCOMPARE(gCheminApp, QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) + QDir::separator());
-        QVERIFY(gNomJoueur.isEmpty());
-        QVERIFY(gNomPartie.isEmpty());
-        QCOMPARE(gJeu, 0);
-        QVERIFY(!fond.mCtrl);
+        QCOMPARE(std::tuple(gNomJoueur, gNomPartie, gJeu, fond.mCtrl), std::tuple(QString(), QString(), 0, false));
         // A borderless window of fixed size.
         QVERIFY(fond.windowFlags() & Qt::FramelessWindowHint);
         QCOMPARE(fond.minimumSize(), fond.maximumSize());
-        QCOMPARE(gNiveaux1.size(), 4000);
-        QCOMPARE(gNiveaux2.size(), 7200);
-        QCOMPARE(gNiveaux3.size(), 9720);
+        QCOMPARE(std::tuple(gNiveaux1.size(), gNiveaux2.size(), gNiveaux3.size()), std::tuple(4000, 7200, 9720));
     }
 
     void aSecondStartInTheSameSessionIsRefusedUntilTheFirstEnds()

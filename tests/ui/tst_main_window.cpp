@@ -128,10 +128,8 @@ private slots:
             gASauver = false;
             fond->myTimer.start();
             fond->countWonLevelTime();
-            QCOMPARE(gTempsTotal, expected);
-            QCOMPARE(gTempsNiveau, 0.0);
-            QVERIFY(gASauver);
-            QVERIFY(!fond->myTimer.isActive());
+            QCOMPARE(std::tuple(gTempsTotal, gTempsNiveau, gASauver, fond->myTimer.isActive()),
+                     std::tuple(expected, 0.0, true, false));
         }
     }
 };

@@ -84,16 +84,6 @@ private slots:
         QCOMPARE(fond->tambour.played, QStringList({"marel008.wav", "marel009.wav"}));
         QVERIFY(!QApplication::activeModalWidget());
     }
-
-    void ctrlKeptThroughADialog()
-    {
-        QTest::keyPress(fond.get(), Qt::Key_Control);
-        ask(QStringLiteral("?"), {QStringLiteral("Oui")}, false, {}, [](frmMess *m) {
-            QTest::keyRelease(m, Qt::Key_Control);
-            QTest::mouseClick(m->reponse[0], Qt::LeftButton);
-        });
-        QVERIFY(fond->mCtrl);
-    }
 };
 
 QTEST_MAIN(TestMessageDialog)
