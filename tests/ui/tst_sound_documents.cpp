@@ -99,15 +99,11 @@ private slots:
     // First of all: once loaded, the player module stays for the life of the process.
     void aCueAskedBeforeThePlayerIsLoadedPlaysFromItsStartAndAllDecode()
     {
-        QVERIFY(!mapped(kCuePlayerModule));
-        QVERIFY(!mapped("libQt6Multimedia"));
+        QVERIFY(!mapped(kCuePlayerModule) && !mapped("libQt6Multimedia"));
         fond->show();
         JoueSon(fond->tambour, QStringLiteral("marel002.wav"));
         QVERIFY(mapped("libQt6Multimedia"));
-        QObject *wave = effectOf("marel002.wav");
-        QVERIFY(wave);
-        QVERIFY(wave->property("playing").toBool());
-        QTRY_COMPARE_WITH_TIMEOUT(wave->property("status").toString(), QStringLiteral("Ready"), 5000);
+        QVERIFY(effectOf("marel002.wav") && effectOf("marel002.wav")->property("playing").toBool());
         QCOMPARE(fond->tambour.played, QStringList({"marel002.wav"}));
         // The six cues come with the player and decode; a missing wave stops nothing.
         JoueSon(fond->tambour, QStringLiteral("absent.wav"));
@@ -119,22 +115,31 @@ private slots:
         }
     }
 
-    // A registered viewer gets the help once for a double click; with none nothing shows; one that
-    // cannot start gives the warning box.
-    void helpOpensInTheViewerOrSaysWhyNot_data()
+    // A registered viewer gets the help or the catalogue once for a double click on its picture; with
+    // none nothing shows; one that cannot start gives the warning box. The clock goes on counting while
+    // the desktop looks for the viewer, however long it takes.
+    void documentsOpenInTheViewerOrSayWhyNot_data()
     {
+        QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("viewer");
+        QTest::addColumn<QString>("document");
         QTest::addColumn<bool>("opens");
-        QTest::newRow("registered") << "viewer.sh %f" << true;
-        QTest::newRow("none") << QString() << false;
-        QTest::newRow("cannot start") << "broken-viewer %u" << false;
+        const QString html = QStringLiteral("text/html"), aide = QStringLiteral("aidemarelle/aide.htm");
+        QTest::newRow("help") << html << "viewer.sh %f" << aide << true;
+        QTest::newRow("help, no viewer") << html << QString() << aide << false;
+        QTest::newRow("help, viewer cannot start") << html << "broken-viewer %u" << aide << false;
+        QTest::newRow("catalogue") << "application/vnd.ms-htmlhelp"
+                                   << "viewer.sh %f"
+                                   << "catalogue.chm" << true;
     }
-    void helpOpensInTheViewerOrSaysWhyNot()
+    void documentsOpenInTheViewerOrSayWhyNot()
     {
+        QFETCH(QString, type);
         QFETCH(QString, viewer);
+        QFETCH(QString, document);
         QFETCH(bool, opens);
-        registerViewer(QStringLiteral("text/html"), viewer.isEmpty() ? viewer : desktop.filePath(viewer));
-        const QString aide = gCheminApp + QStringLiteral("aidemarelle/aide.htm");
+        registerViewer(type, viewer.isEmpty() ? viewer : desktop.filePath(viewer));
+        const QString path = gCheminApp + document;
         const bool warns = viewer.startsWith(QLatin1String("broken"));
         QString shown;
         if (warns)
@@ -144,48 +149,31 @@ private slots:
                 shown = box->windowTitle() + u'|' + box->text();
                 box->accept();
             });
-        gJeu = 2;
-        OuvreAide(fond.get());
-        OuvreAide(fond.get()); // a second click while the first is on its way starts no second viewer
-        QTRY_COMPARE_WITH_TIMEOUT(viewerLookUps(), 0, 5000);
-        QTRY_COMPARE_WITH_TIMEOUT(shown, warns ? QStringLiteral("Marelle|Impossible d'ouvrir :\r\n") + aide : QString(),
-                                  5000);
-        const auto logged = [this] {
-            QFile log(viewerLog());
-            return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()).trimmed() : QString();
-        };
-        QTRY_COMPARE_WITH_TIMEOUT(logged(), opens ? aide : QString(), 5000);
-        QCOMPARE(openedDocuments(), opens ? QStringList({aide}) : QStringList());
-        QVERIFY(!QApplication::activeModalWidget());
-        QCOMPARE(gJeu, 2);
-    }
-
-    void thePictureOpensTheCatalogue()
-    {
-        registerViewer(QStringLiteral("application/vnd.ms-htmlhelp"),
-                       desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
-        fond->show();
-        QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
-        QTest::mouseClick(fond->Picture1, Qt::LeftButton);
-        QTest::mouseClick(fond->Picture1, Qt::LeftButton); // a double click starts one viewer
-        QTRY_COMPARE_WITH_TIMEOUT(openedDocuments(), QStringList({gCheminApp + QStringLiteral("catalogue.chm")}), 5000);
-        QVERIFY(fond->tambour.played.isEmpty());
-    }
-
-    // The clock goes on counting while the desktop looks for the viewer, however long it takes.
-    void theClockRunsWhileHelpIsOpening()
-    {
-        registerViewer(QStringLiteral("text/html"), desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
-        const QByteArray path = qgetenv("PATH");
-        qputenv("PATH", desktop.filePath(QStringLiteral("slow")).toUtf8() + ':' + path);
+        const QByteArray searchPath = qgetenv("PATH");
+        qputenv("PATH", desktop.filePath(QStringLiteral("slow")).toUtf8() + ':' + searchPath);
         fond->show();
         QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
         gJeu = 2;
         gTempsNiveau = 0;
         fond->myTimer.start(50);
-        QTest::mouseClick(fond->imgMenu[5], Qt::LeftButton);
-        QTRY_COMPARE_WITH_TIMEOUT(openedDocuments().size(), 1, 5000);
-        qputenv("PATH", path);
+        QWidget *picture =
+            document.endsWith(QLatin1String(".chm")) ? static_cast<QWidget *>(fond->Picture1) : fond->imgMenu[5];
+        QTest::mouseClick(picture, Qt::LeftButton);
+        QTest::mouseClick(picture,
+                          Qt::LeftButton); // a second click while the first is on its way starts no second viewer
+        QTRY_COMPARE_WITH_TIMEOUT(viewerLookUps(), 0, 5000);
+        qputenv("PATH", searchPath);
+        QTRY_COMPARE_WITH_TIMEOUT(shown, warns ? QStringLiteral("Marelle|Impossible d'ouvrir :\r\n") + path : QString(),
+                                  5000);
+        const auto logged = [this] {
+            QFile log(viewerLog());
+            return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()).trimmed() : QString();
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(logged(), opens ? path : QString(), 5000);
+        QCOMPARE(openedDocuments(), opens ? QStringList({path}) : QStringList());
+        QVERIFY(!QApplication::activeModalWidget());
+        QVERIFY(fond->tambour.played.isEmpty());
+        QCOMPARE(gJeu, 2);
         QVERIFY2(gTempsNiveau >= 5, qPrintable(QStringLiteral("%1 ticks in a look-up of a second").arg(gTempsNiveau)));
     }
 };
