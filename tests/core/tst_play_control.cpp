@@ -57,14 +57,12 @@ private slots:
         for (int game : {0, 2}) {
             if (game) s.startGame(game, QStringLiteral("eve"));
             s.played().clear();
-            bool stopped = false;
-            whenModal([this, &stopped](QWidget *dialog) {
-                stopped = !s.fond->myTimer.isActive() && !s.fond->pctEcran1->isVisible()
-                          && !s.fond->pctEcran2->isVisible() && !s.fond->pctEcran3->isVisible();
+            whenModal([this](QWidget *dialog) {
+                verifyScreensShown(*s.fond, 0);
+                QVERIFY(!s.fond->myTimer.isActive());
                 if (auto *best = qobject_cast<frmBest *>(dialog)) QTest::mouseClick(best->Image1, Qt::LeftButton);
             });
             s.clickMenu(4);
-            QVERIFY(stopped);
             QCOMPARE(s.played(), cues("008 009"));
             QCOMPARE(s.fond->myTimer.isActive(), game != 0);
         }
@@ -123,14 +121,12 @@ private slots:
         PlaySession::press(s.fond->pctEcran2, Qt::LeftButton, QPoint(10, 10));
         const QImage before = screenNow(2);
         gTempsNiveau = 41;
-        bool hidden = false;
-        whenModal([this, &hidden](QWidget *dialog) {
-            hidden = !s.fond->pctEcran2->isVisible() && !s.fond->myTimer.isActive() && s.fond->labTemps->isVisible()
-                     && s.fond->labNiveau->isVisible();
-            QTest::mouseClick(qobject_cast<frmMess *>(dialog)->reponse[2], Qt::LeftButton);
+        whenModal([this](QWidget *dialog) {
+            verifyScreensShown(*s.fond, 0);
+            QVERIFY(!s.fond->myTimer.isActive() && s.fond->labTemps->isVisible() && s.fond->labNiveau->isVisible());
+            s.reply(QStringLiteral("Annuler"))(dialog);
         });
         s.clickMenu(3);
-        QVERIFY(hidden);
         QCOMPARE(screenNow(2), before);
         s.fond->myTimer_Timer();
         verifyPlaying(*s.fond, 2, 0, QStringLiteral(" 42"));

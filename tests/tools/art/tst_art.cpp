@@ -188,15 +188,14 @@ private slots:
                 const QRgb m = picture.pixel(mask.x() + x, mask.y() + y),
                            p = picture.pixel(image.x() + x, image.y() + y);
                 const QString at = QStringLiteral(" at %1,%2").arg(x).arg(y);
-                QVERIFY2(m == kWhite || m == kBlack, qPrintable("grey mask pixel" + at));
-                QVERIFY2(m == kWhite || p == kWhite, qPrintable("image not white outside the mask" + at));
+                QVERIFY2(m == kWhite || (m == kBlack && p == kWhite),
+                         qPrintable("a grey mask pixel, or the image not white outside the mask" + at));
                 opaque += m == kWhite;
                 whiteInside += m == kWhite && p == kWhite;
             }
         // The sprite covers most of its cell, and the corners stay clear.
         QVERIFY(opaque > image.width() * image.height() / 2);
-        QCOMPARE(picture.pixel(mask.topLeft()), kBlack);
-        QCOMPARE(picture.pixel(mask.bottomRight()), kBlack);
+        QVERIFY(picture.pixel(mask.topLeft()) == kBlack && picture.pixel(mask.bottomRight()) == kBlack);
         // Inside, the sprite is drawn: white shows there only as a glint.
         QVERIFY(whiteInside < opaque / 20);
     }

@@ -27,20 +27,16 @@ QByteArray readAll(const QString &path)
 
 QByteArray shipped(const QString &name) { return readAll(QStringLiteral(SOUNDS_DIR "/") + name); }
 
-// The 44-byte header of a 16-bit mono PCM file of `size` bytes at kRate.
+// The 44-byte header of a 16-bit mono PCM file of `size` bytes at 44,100 samples a second.
 QByteArray canonicalHeader(qsizetype size)
 {
-    QByteArray h;
-    const auto put = [&h](uint32_t v, int n) {
-        for (int i = 0; i < n; ++i) h += static_cast<char>((v >> (8 * i)) & 0xFF);
+    const auto le32 = [](qsizetype v) {
+        QByteArray bytes(4, '\0');
+        qToLittleEndian(static_cast<quint32>(v), bytes.data());
+        return bytes;
     };
-    h += "RIFF";
-    put(static_cast<uint32_t>(size - 8), 4);
-    h += "WAVEfmt ";
-    put(16, 4), put(1, 2), put(1, 2), put(kRate, 4), put(2 * kRate, 4), put(2, 2), put(16, 2);
-    h += "data";
-    put(static_cast<uint32_t>(size - 44), 4);
-    return h;
+    return "RIFF" + le32(size - 8) + "WAVEfmt " + QByteArray::fromHex("100000000100010044ac00008858010002001000")
+           + "data" + le32(size - 44);
 }
 
 // The samples of a 16-bit mono file with a 44-byte header, as fractions of full scale.
