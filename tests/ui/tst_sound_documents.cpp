@@ -23,26 +23,14 @@ class TestSoundDocuments : public QObject {
 
     QString viewerLog() const { return desktop.filePath(QStringLiteral("viewer.log")); }
 
-    // Registers a viewer for a type of document; an empty exec registers none.
-    void registerViewer(const QString &mimeType, const QString &exec)
+    // Writes a file of the desktop, in a folder made for it if need be.
+    void writeFile(const QString &name, const QByteArray &bytes, bool executable = false)
     {
-        QDir(desktop.path()).mkpath(QStringLiteral("data/applications"));
-        QFile entry(desktop.filePath(QStringLiteral("data/applications/test-viewer.desktop")));
-        QVERIFY(entry.open(QIODevice::WriteOnly));
-        entry.write("[Desktop Entry]\nType=Application\nName=Viewer\nExec=" + exec.toUtf8() + "\n");
-        entry.close();
-        QFile defaults(desktop.filePath(QStringLiteral("config/mimeapps.list")));
-        QVERIFY(defaults.open(QIODevice::WriteOnly));
-        if (!exec.isEmpty()) defaults.write("[Default Applications]\n" + mimeType.toUtf8() + "=test-viewer.desktop\n");
-    }
-
-    void writeScript(const QString &name, const QByteArray &body, const QByteArray &interpreter = "/bin/sh")
-    {
-        QFile script(desktop.filePath(name));
-        QVERIFY(script.open(QIODevice::WriteOnly));
-        script.write("#!" + interpreter + "\n" + body + "\n");
-        script.close();
-        script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
+        QDir(desktop.path()).mkpath(QFileInfo(name).path());
+        QFile file(desktop.filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        if (executable) file.setPermissions(file.permissions() | QFileDevice::ExeOwner);
     }
 
     // Whether a library whose file name holds this text is mapped into the process.
@@ -65,19 +53,20 @@ class TestSoundDocuments : public QObject {
 private slots:
     void initTestCase()
     {
-        QDir(desktop.path()).mkpath(QStringLiteral("config"));
         QDir(desktop.path()).mkpath(QStringLiteral("empty"));
         qputenv("XDG_CONFIG_HOME", desktop.filePath(QStringLiteral("config")).toUtf8());
         qputenv("XDG_DATA_HOME", desktop.filePath(QStringLiteral("data")).toUtf8());
         qputenv("XDG_DATA_DIRS", desktop.filePath(QStringLiteral("empty")).toUtf8());
         qputenv("XDG_CONFIG_DIRS", desktop.filePath(QStringLiteral("empty")).toUtf8());
-        writeScript(QStringLiteral("viewer.sh"), "printf '%s\\n' \"$@\" >> \"" + viewerLog().toUtf8() + "\"");
+        writeFile(QStringLiteral("viewer.sh"), "#!/bin/sh\nprintf '%s\\n' \"$@\" >> \"" + viewerLog().toUtf8() + "\"\n",
+                  true);
         // A viewer that is there but whose interpreter is gone.
-        writeScript(QStringLiteral("broken-viewer"), "", "/nonexistent/interpreter");
+        writeFile(QStringLiteral("broken-viewer"), "#!/nonexistent/interpreter\n", true);
         // The desktop's look-up of a viewer made slower, as it is on some desktops.
-        QDir(desktop.path()).mkpath(QStringLiteral("slow"));
-        writeScript(QStringLiteral("slow/xdg-mime"),
-                    "sleep 1\nexec " + QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).toUtf8() + " \"$@\"");
+        writeFile(QStringLiteral("slow/xdg-mime"),
+                  "#!/bin/sh\nsleep 1\nexec " + QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).toUtf8()
+                      + " \"$@\"\n",
+                  true);
     }
 
     void init()
@@ -138,7 +127,13 @@ private slots:
         QFETCH(QString, viewer);
         QFETCH(QString, document);
         QFETCH(bool, opens);
-        registerViewer(type, viewer.isEmpty() ? viewer : desktop.filePath(viewer));
+        // The viewer registered as the desktop's default for the document's type, or none.
+        const QByteArray exec = viewer.isEmpty() ? QByteArray() : desktop.filePath(viewer).toUtf8();
+        writeFile(QStringLiteral("data/applications/test-viewer.desktop"),
+                  "[Desktop Entry]\nType=Application\nName=Viewer\nExec=" + exec + "\n");
+        writeFile(QStringLiteral("config/mimeapps.list"),
+                  exec.isEmpty() ? QByteArray()
+                                 : "[Default Applications]\n" + type.toUtf8() + "=test-viewer.desktop\n");
         const QString path = gCheminApp + document;
         const bool warns = viewer.startsWith(QLatin1String("broken"));
         QString shown;
