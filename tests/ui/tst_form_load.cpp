@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Start-up in this process: the shared record after Form_Load, and one start at a time.
+// Start-up in this process: the shared record after Form_Load, and the program folder it keeps.
 #include "frmFond.h"
 #include "modBase.h"
 #include "program_folder.h"
@@ -26,18 +26,6 @@ private slots:
         // A borderless window of fixed size.
         QVERIFY(fond.windowFlags() & Qt::FramelessWindowHint);
         QCOMPARE(fond.minimumSize(), fond.maximumSize());
-        QCOMPARE(std::tuple(gNiveaux1.size(), gNiveaux2.size(), gNiveaux3.size()), std::tuple(4000, 7200, 9720));
-    }
-
-    void aSecondStartInTheSameSessionIsRefusedUntilTheFirstEnds()
-    {
-        auto first = std::make_unique<frmFond>();
-        QVERIFY(first->Form_Load());
-        frmFond second;
-        QVERIFY(!second.Form_Load());
-        first.reset();
-        frmFond third;
-        QVERIFY(third.Form_Load());
     }
 
     void theProgramFolderEndsInExactlyOneSeparator()
