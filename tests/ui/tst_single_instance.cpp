@@ -40,17 +40,15 @@ class TestSingleInstance : public QObject {
     static bool shownOnX(int seconds)
     {
         QProcess search;
-        search.start(QStringLiteral("timeout"),
-                     {QString::number(seconds), QStringLiteral("xdotool"), QStringLiteral("search"),
-                      QStringLiteral("--sync"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-                      QStringLiteral("^Marelle$")});
+        search.start(
+            QStringLiteral("timeout"),
+            QStringLiteral("%1 xdotool search --sync --onlyvisible --name ^Marelle$").arg(seconds).split(u' '));
         return search.waitForFinished(seconds * 1000 + 5000) && search.exitCode() == 0;
     }
 
 private slots:
     void initTestCase()
     {
-        QVERIFY(mRuntime.isValid());
         QFile::setPermissions(mRuntime.path(),
                               QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
     }

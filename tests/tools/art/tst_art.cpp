@@ -153,8 +153,7 @@ private slots:
         if (name.endsWith(QLatin1String(".png"))) {
             // A pointer's hot spot is written into the file in its own pixels, on a drawn pixel.
             const QStringList hot = image.text(QStringLiteral("HotSpot")).split(',');
-            QCOMPARE(hot.size(), 2);
-            QVERIFY(qAlpha(image.pixel(hot[0].toInt(), hot[1].toInt())) > 0);
+            QVERIFY(hot.size() == 2 && qAlpha(image.pixel(hot[0].toInt(), hot[1].toInt())) > 0);
         }
     }
 
