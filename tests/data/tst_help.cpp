@@ -147,10 +147,9 @@ private slots:
     {
         const QByteArray chm = readBytes(kBuild + QStringLiteral("/catalogue.chm"));
         QVERIFY(chm.startsWith("ITSF"));
-        QStringList names;
-        for (const QString &line :
-             readUtf8(kCatalogue + QStringLiteral("/catalogue.hhp")).section(QStringLiteral("[FILES]"), 1).split(u'\n'))
-            if (!line.trimmed().isEmpty()) names << line.trimmed();
+        const QStringList names = readUtf8(kCatalogue + QStringLiteral("/catalogue.hhp"))
+                                      .section(QStringLiteral("[FILES]"), 1)
+                                      .split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
         QVERIFY(names.contains(QStringLiteral("index.htm")));
         for (const QString &page : filesIn(kCatalogue, QStringLiteral("*.htm")))
             QVERIFY2(names.contains(page), qPrintable(page + QStringLiteral(" is left out of the project")));

@@ -73,8 +73,7 @@ private slots:
                 m->txtReponse->clear();
                 QTest::keyClicks(m->txtReponse, typed.trimmed());
             }
-            QTest::keyClick(m, Qt::Key_Escape);
-            QTest::keyClick(m, Qt::Key_Return);
+            for (Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) QTest::keyClick(m, key);
             if (captions.size() == 3) QTest::mouseClick(m->imgB[2], Qt::LeftButton, {}, QPoint(90, 1));
             QVERIFY(m->isVisible());
             QTest::mouseClick(m->reponse[clicked], Qt::LeftButton);

@@ -3,6 +3,7 @@
 // three outcomes, and the catalogue.
 #include "cue_player.h"
 #include "documents.h"
+#include "file_bytes.h"
 #include "frmFond.h"
 #include "modBase.h"
 #include "modal_answer.h"
@@ -160,11 +161,7 @@ private slots:
         qputenv("PATH", searchPath);
         QTRY_COMPARE_WITH_TIMEOUT(shown, warns ? QStringLiteral("Marelle|Impossible d'ouvrir :\r\n") + path : QString(),
                                   5000);
-        const auto logged = [this] {
-            QFile log(viewerLog());
-            return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()).trimmed() : QString();
-        };
-        QTRY_COMPARE_WITH_TIMEOUT(logged(), opens ? path : QString(), 5000);
+        QTRY_COMPARE_WITH_TIMEOUT(QString::fromUtf8(readAll(viewerLog())).trimmed(), opens ? path : QString(), 5000);
         QCOMPARE(openedDocuments(), opens ? QStringList({path}) : QStringList());
         QVERIFY(!QApplication::activeModalWidget());
         QVERIFY(fond->tambour.played.isEmpty());
