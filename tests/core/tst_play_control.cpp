@@ -17,14 +17,11 @@ class TestPlayControl : public QObject {
     QTemporaryDir desktop; // no help viewer registered here
     PlaySession s;
 
-    QImage screenNow(int game) const { return s.fond->screenOf(game)->image.copy(); }
-
 private slots:
     void initTestCase()
     {
-        qputenv("XDG_CONFIG_HOME", desktop.path().toUtf8());
-        qputenv("XDG_DATA_DIRS", desktop.path().toUtf8());
-        qputenv("XDG_CONFIG_DIRS", desktop.path().toUtf8());
+        for (const char *variable : {"XDG_CONFIG_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_DIRS"})
+            qputenv(variable, desktop.path().toUtf8());
     }
 
     void init()
@@ -119,7 +116,7 @@ private slots:
     {
         s.startGame(2, QStringLiteral("eve"));
         PlaySession::press(s.fond->pctEcran2, Qt::LeftButton, QPoint(10, 10));
-        const QImage before = screenNow(2);
+        const QImage before = s.fond->pctEcran2->image.copy();
         gTempsNiveau = 41;
         whenModal([this](QWidget *dialog) {
             verifyScreensShown(*s.fond, 0);
@@ -127,7 +124,7 @@ private slots:
             s.reply(QStringLiteral("Annuler"))(dialog);
         });
         s.clickMenu(3);
-        QCOMPARE(screenNow(2), before);
+        QCOMPARE(s.fond->pctEcran2->image, before);
         s.fond->myTimer_Timer();
         verifyPlaying(*s.fond, 2, 0, QStringLiteral(" 42"));
     }

@@ -2,6 +2,8 @@
 // The help pages and the compiled catalogue, as the build lays them out beside the program:
 // pages present and identical to their sources, self-contained, in UTF-8, covering every command, and a catalogue that
 // is a compiled help file holding its pages.
+#include "file_bytes.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -19,13 +21,7 @@ const QString kHelp = kBuild + QStringLiteral("/aidemarelle");
 const QString kHelpSources = QStringLiteral(HELP_SOURCES "/aidemarelle");
 const QString kCatalogue = QStringLiteral(HELP_SOURCES "/catalogue");
 
-QByteArray readBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QString readUtf8(const QString &path) { return QString::fromUtf8(readBytes(path)); }
+QString readUtf8(const QString &path) { return QString::fromUtf8(readAll(path)); }
 
 QStringList filesIn(const QString &dir, const QString &pattern)
 {
@@ -68,7 +64,7 @@ private slots:
         QVERIFY(sources.contains(QStringLiteral("aide.htm")));
         for (const QString &name : sources)
             QVERIFY2(QFileInfo(kHelp + u'/' + name).isFile()
-                         && readBytes(kHelp + u'/' + name) == readBytes(kHelpSources + u'/' + name),
+                         && readAll(kHelp + u'/' + name) == readAll(kHelpSources + u'/' + name),
                      qPrintable(name + QStringLiteral(" is missing or stale in the build folder")));
     }
 
@@ -85,7 +81,7 @@ private slots:
             for (const QString &page : filesIn(dir, QStringLiteral("*.htm"))) {
                 const QString path = dir + u'/' + page;
                 QStringDecoder decoder(QStringDecoder::Utf8);
-                const QString html = decoder(readBytes(path));
+                const QString html = decoder(readAll(path));
                 QVERIFY2(!decoder.hasError() && !html.contains(QChar::ReplacementCharacter)
                              && html.contains(
                                  QRegularExpression(QStringLiteral("<meta\\b[^>]*\\bcharset\\s*=\\s*[\"']?utf-8\\b"),
@@ -145,7 +141,7 @@ private slots:
 
     void catalogueIsACompiledHelpFileWithItsPages()
     {
-        const QByteArray chm = readBytes(kBuild + QStringLiteral("/catalogue.chm"));
+        const QByteArray chm = readAll(kBuild + QStringLiteral("/catalogue.chm"));
         QVERIFY(chm.startsWith("ITSF"));
         const QStringList names = readUtf8(kCatalogue + QStringLiteral("/catalogue.hhp"))
                                       .section(QStringLiteral("[FILES]"), 1)

@@ -55,10 +55,11 @@ private slots:
     void initTestCase()
     {
         QDir(desktop.path()).mkpath(QStringLiteral("empty"));
-        qputenv("XDG_CONFIG_HOME", desktop.filePath(QStringLiteral("config")).toUtf8());
-        qputenv("XDG_DATA_HOME", desktop.filePath(QStringLiteral("data")).toUtf8());
-        qputenv("XDG_DATA_DIRS", desktop.filePath(QStringLiteral("empty")).toUtf8());
-        qputenv("XDG_CONFIG_DIRS", desktop.filePath(QStringLiteral("empty")).toUtf8());
+        for (const auto &[variable, folder] : {std::pair{"XDG_CONFIG_HOME", "config"},
+                                               {"XDG_DATA_HOME", "data"},
+                                               {"XDG_DATA_DIRS", "empty"},
+                                               {"XDG_CONFIG_DIRS", "empty"}})
+            qputenv(variable, desktop.filePath(QLatin1String(folder)).toUtf8());
         writeFile(QStringLiteral("viewer.sh"), "#!/bin/sh\nprintf '%s\\n' \"$@\" >> \"" + viewerLog().toUtf8() + "\"\n",
                   true);
         // A viewer that is there but whose interpreter is gone.

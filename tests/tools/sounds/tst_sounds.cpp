@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "file_bytes.h"
+
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
@@ -18,12 +20,6 @@ constexpr int kRate = 44100;
 
 const QStringList kFiles{"marel001.wav", "marel002.wav", "marel007.wav",
                          "marel008.wav", "marel009.wav", "marel010.wav"};
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QByteArray shipped(const QString &name) { return readAll(QStringLiteral(SOUNDS_DIR "/") + name); }
 
