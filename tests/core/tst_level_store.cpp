@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The level stores: what ChargeNiveaux loads, and how many levels a store holds.
+#include "file_bytes.h"
 #include "level_store.h"
 #include "modBase.h"
-
-#include <QFile>
-#include <QTest>
 
 class TestLevelStore : public QObject {
     Q_OBJECT
@@ -18,9 +16,7 @@ private slots:
             {gNiveaux1, "niveaux1.dat", 100}, {gNiveaux2, "niveaux2.dat", 100}, {gNiveaux3, "niveaux3.dat", 120}};
         for (int game = 1; game <= 3; ++game) {
             const auto &[store, file, levels] = stores[game - 1];
-            QFile shipped(QStringLiteral(LEVELS_DIR "/") + QLatin1String(file));
-            QVERIFY(shipped.open(QIODevice::ReadOnly));
-            QCOMPARE(store, shipped.readAll());
+            QCOMPARE(store, readAll(QStringLiteral(LEVELS_DIR "/") + QLatin1String(file)));
             QCOMPARE(levelCount(game), levels);
         }
     }

@@ -103,10 +103,9 @@ private slots:
         s.answer(QStringLiteral("Abandonner"));
         s.clickMenu(3);
         QString offered;
-        whenModal([&offered](QWidget *dialog) {
-            auto *mess = qobject_cast<frmMess *>(dialog);
-            offered = mess->txtReponse->text();
-            QTest::mouseClick(mess->reponse[0], Qt::LeftButton);
+        whenModal([this, &offered](QWidget *dialog) {
+            offered = qobject_cast<frmMess *>(dialog)->txtReponse->text();
+            s.reply(QStringLiteral("Valider"))(dialog);
         });
         s.clickMenu(0);
         QCOMPARE(offered, QStringLiteral("PAUL"));

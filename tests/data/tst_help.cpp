@@ -5,11 +5,9 @@
 #include "file_bytes.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QRegularExpression>
-#include <QSize>
 #include <QStringDecoder>
 #include <QTest>
 #include <QUrl>

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "file_bytes.h"
 
-#include <QByteArray>
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -11,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <vector>
 
 namespace {
