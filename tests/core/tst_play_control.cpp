@@ -6,6 +6,7 @@
 #include "frmBest.h"
 #include "play_session.h"
 #include "system_input.h"
+#include "window_states.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -16,14 +17,11 @@ class TestPlayControl : public QObject {
     QTemporaryDir desktop; // no help viewer registered here
     PlaySession s;
 
-    QImage screenNow(int game) const { return s.fond->screenOf(game)->image.copy(); }
-
 private slots:
     void initTestCase()
     {
-        qputenv("XDG_CONFIG_HOME", desktop.path().toUtf8());
-        qputenv("XDG_DATA_DIRS", desktop.path().toUtf8());
-        qputenv("XDG_CONFIG_DIRS", desktop.path().toUtf8());
+        for (const char *variable : {"XDG_CONFIG_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_DIRS"})
+            qputenv(variable, desktop.path().toUtf8());
     }
 
     void init()
@@ -33,17 +31,21 @@ private slots:
     }
     void cleanup() { s.fond.reset(); }
 
-    // At idle, the game's button and help with no viewer are silent; "Non" to the quit question changes nothing.
-    void idleButtonsThatDoNothingAreSilentAndQuitNonStays()
+    // At idle, the game's button and help with no viewer are silent; button 6 and a close request from
+    // the system ask the quit question, where "Non" changes nothing.
+    void idleButtonsAndTheQuitQuestion()
     {
         s.clickMenu(3);
         s.clickMenu(5);
-        QVERIFY(s.fond->tambour.played.isEmpty());
+        QVERIFY(s.played().isEmpty());
         s.answer(QStringLiteral("Non"));
         s.clickMenu(6);
+        s.answer(QStringLiteral("Non"));
+        askToClose(s.fond.get());
+        QTRY_COMPARE(s.played(), cues("008 009 008 009"));
+        QCOMPARE(s.lastMessage, QStringLiteral("Voulez-vous vraiment quitter le programme ?"));
         QCOMPARE(gJeu, 0);
         QVERIFY(s.fond->isVisible());
-        QCOMPARE(s.fond->tambour.played, cues("008 009"));
     }
 
     // At idle and during a game, with the board hidden and the clock stopped while the screen is up.
@@ -51,20 +53,15 @@ private slots:
     {
         for (int game : {0, 2}) {
             if (game) s.startGame(game, QStringLiteral("eve"));
-            gTempsNiveau = 9;
             s.played().clear();
-            bool stopped = false;
-            whenModal([this, &stopped](QWidget *dialog) {
-                stopped = !s.fond->myTimer.isActive() && !s.fond->pctEcran1->isVisible()
-                          && !s.fond->pctEcran2->isVisible() && !s.fond->pctEcran3->isVisible();
+            whenModal([this](QWidget *dialog) {
+                verifyScreensShown(*s.fond, 0);
+                QVERIFY(!s.fond->myTimer.isActive());
                 if (auto *best = qobject_cast<frmBest *>(dialog)) QTest::mouseClick(best->Image1, Qt::LeftButton);
             });
             s.clickMenu(4);
-            QVERIFY(stopped);
             QCOMPARE(s.played(), cues("008 009"));
-            QCOMPARE(gJeu, game);
             QCOMPARE(s.fond->myTimer.isActive(), game != 0);
-            QCOMPARE(gTempsNiveau, 9.0);
         }
         QVERIFY(s.fond->pctEcran2->isVisible());
     }
@@ -75,13 +72,9 @@ private slots:
         bool checked = false;
         whenModal([this, &checked](QWidget *dialog) {
             auto *mess = qobject_cast<frmMess *>(dialog);
-            QCOMPARE(gJeu, 10);
             QVERIFY(!s.fond->isEnabled());
             QCOMPARE(mess->labMess->text(), QStringLiteral("Entrez votre nom de joueur"));
-            QCOMPARE(mess->txtReponse->maxLength(), 16);
-            // The menu art is already that of a running game: the quit button is dim.
-            QVERIFY(s.fond->pctMenu->image.pixel(30, 352) != s.fond->pctMenu->image.pixel(110, 352));
-            QCOMPARE(s.fond->image.pixel(30, 482), s.fond->pctMenu->image.pixel(110, 352));
+            QVERIFY(menuShowsIdleArt(*s.fond, false)); // already the art of a running game
             // A click on the main window now is lost.
             QTest::mouseClick(s.fond->imgMenu[0], Qt::LeftButton);
             mess->txtReponse->setText(QStringLiteral("  zoé la  "));
@@ -90,23 +83,16 @@ private slots:
         });
         s.clickMenu(1);
         QVERIFY(checked);
-        QCOMPARE(gJeu, 2);
-        QCOMPARE(gNbNiveaux, 3);
+        verifyPlaying(*s.fond, 2, 0, QString());
         QCOMPARE(gNomJoueur, QStringLiteral("ZOÉ LA"));
-        QCOMPARE(gTempsTotal, 0.0);
-        QVERIFY(!gASauver);
-        QVERIFY(s.fond->isEnabled());
-        QVERIFY(s.fond->pctEcran2->isVisible());
-        QCOMPARE(s.fond->labNiveau->text(), QStringLiteral("000"));
-        QVERIFY(s.fond->myTimer.isActive());
+        QCOMPARE(std::tuple(gNbNiveaux, gTempsTotal, gASauver), std::tuple(3, 0.0, false));
         QCOMPARE(s.fond->tambour.played, cues("008 009 002"));
     }
 
     void anEmptyNameIsAcceptedAndTheLastNameIsOffered()
     {
         s.startGame(1, QString());
-        QCOMPARE(gJeu, 1);
-        QVERIFY(gNomJoueur.isEmpty());
+        QVERIFY(gJeu == 1 && gNomJoueur.isEmpty());
         gASauver = true; // a level won: the empty name alone keeps the save offer away
         s.answer(QStringLiteral("Abandonner"));
         s.fond->tambour.played.clear();
@@ -117,10 +103,9 @@ private slots:
         s.answer(QStringLiteral("Abandonner"));
         s.clickMenu(3);
         QString offered;
-        whenModal([&offered](QWidget *dialog) {
-            auto *mess = qobject_cast<frmMess *>(dialog);
-            offered = mess->txtReponse->text();
-            QTest::mouseClick(mess->reponse[0], Qt::LeftButton);
+        whenModal([this, &offered](QWidget *dialog) {
+            offered = qobject_cast<frmMess *>(dialog)->txtReponse->text();
+            s.reply(QStringLiteral("Valider"))(dialog);
         });
         s.clickMenu(0);
         QCOMPARE(offered, QStringLiteral("PAUL"));
@@ -130,22 +115,17 @@ private slots:
     {
         s.startGame(2, QStringLiteral("eve"));
         PlaySession::press(s.fond->pctEcran2, Qt::LeftButton, QPoint(10, 10));
-        const QImage before = screenNow(2);
+        const QImage before = s.fond->pctEcran2->image.copy();
         gTempsNiveau = 41;
-        bool hidden = false;
-        whenModal([this, &hidden](QWidget *dialog) {
-            hidden = !s.fond->pctEcran2->isVisible() && !s.fond->myTimer.isActive() && s.fond->labTemps->isVisible()
-                     && s.fond->labNiveau->isVisible();
-            QTest::mouseClick(qobject_cast<frmMess *>(dialog)->reponse[2], Qt::LeftButton);
+        whenModal([this](QWidget *dialog) {
+            verifyScreensShown(*s.fond, 0);
+            QVERIFY(!s.fond->myTimer.isActive() && s.fond->labTemps->isVisible() && s.fond->labNiveau->isVisible());
+            s.reply(QStringLiteral("Annuler"))(dialog);
         });
         s.clickMenu(3);
-        QVERIFY(hidden);
-        QVERIFY(s.fond->pctEcran2->isVisible());
-        QVERIFY(s.fond->myTimer.isActive());
-        QCOMPARE(screenNow(2), before);
-        QCOMPARE(gTempsNiveau, 41.0);
+        QCOMPARE(s.fond->pctEcran2->image, before);
         s.fond->myTimer_Timer();
-        QCOMPARE(s.fond->labTemps->text(), QStringLiteral(" 42"));
+        verifyPlaying(*s.fond, 2, 0, QStringLiteral(" 42"));
     }
 
     void rejouerReplaysTheLevelAndCtrlPassesIt()
@@ -158,83 +138,49 @@ private slots:
         gTempsNiveau = 12;
         s.answer(QStringLiteral("Rejouer"));
         s.clickMenu(3);
-        QCOMPARE(gNiveau, 0);
-        QCOMPARE(s.fond->tiles.iCoup1, -1);
-        QCOMPARE(gTempsNiveau, 0.0);
-        QVERIFY(s.fond->labTemps->text().isEmpty());
-        QCOMPARE(gTempsTotal, 77.0);
-        QVERIFY(gASauver);
-        QVERIFY(s.fond->myTimer.isActive());
+        verifyPlaying(*s.fond, 1, 0, QString());
+        QCOMPARE(std::tuple(s.fond->tiles.iCoup1, gTempsNiveau, gTempsTotal, gASauver),
+                 std::tuple(-1, 0.0, 77.0, true));
 
         // Ctrl held from before the click on the button; its release in the dialog does not count.
         for (int expected : {1, 2, 2}) {
             QTest::keyPress(s.fond.get(), Qt::Key_Control);
-            whenModal([](QWidget *dialog) {
-                auto *mess = qobject_cast<frmMess *>(dialog);
-                QTest::keyRelease(mess, Qt::Key_Control);
-                QTest::mouseClick(mess->reponse[1], Qt::LeftButton);
+            whenModal([this](QWidget *dialog) {
+                QTest::keyRelease(dialog, Qt::Key_Control);
+                s.reply(QStringLiteral("Rejouer"))(dialog);
             });
             s.clickMenu(3);
             QCOMPARE(gNiveau, expected);
             QVERIFY(s.fond->mCtrl);
             QTest::keyRelease(s.fond.get(), Qt::Key_Control);
         }
-        QCOMPARE(s.fond->labNiveau->text(), QStringLiteral("002"));
-        QCOMPARE(gTempsTotal, 77.0);
     }
 
-    // While a game runs, buttons 0, 1, 2 and 6 are silent and help leaves the game as it is; "Abandonner"
-    // goes back to idle.
-    void runningButtonsAndAbandonner()
+    // While a game runs, buttons 0, 1, 2 and 6 and a close request are silent and help leaves the game
+    // as it is; under a dialog a close request does nothing; "Abandonner" goes back to idle, where a
+    // close request answered "Oui" ends the program.
+    void runningButtonsAbandonnerAndQuit()
     {
         s.startGame(3, QStringLiteral("eve"));
         s.played().clear();
         for (int button : {0, 1, 2, 6, 5}) s.clickMenu(button);
+        askToClose(s.fond.get());
         QVERIFY(s.played().isEmpty());
         QCOMPARE(gJeu, 3);
-        QVERIFY(s.fond->myTimer.isActive());
-        gNomPartie = QStringLiteral("partie");
-        gNiveau = 0;
-        s.answer(QStringLiteral("Abandonner"));
-        s.clickMenu(3);
-        QCOMPARE(gJeu, 0);
-        QVERIFY(gNomPartie.isEmpty());
-        QVERIFY(!gASauver);
-        QVERIFY(!s.fond->labNiveau->isVisible());
-        QVERIFY(!s.fond->labTemps->isVisible());
-        QVERIFY(!s.fond->pctEcran3->isVisible());
-        QVERIFY(!s.fond->myTimer.isActive());
-        QCOMPARE(s.fond->image.pixel(30, 482), s.fond->pctMenu->image.pixel(30, 352));
-        QCOMPARE(gNomJoueur, QStringLiteral("EVE"));
-    }
-
-    // A close request from the system is button 6: the quit question when no game runs and no
-    // dialog is up, where only "Oui" ends the program; nothing during a game or under a dialog.
-    void aCloseRequestIsButtonSix()
-    {
-        s.lastMessage.clear();
-        s.answer(QStringLiteral("Non"));
-        askToClose(s.fond.get());
-        QTRY_COMPARE(s.lastMessage, QStringLiteral("Voulez-vous vraiment quitter le programme ?"));
-        QVERIFY(s.fond->isVisible());
-
-        s.startGame(1, QStringLiteral("eve"));
-        s.played().clear();
-        askToClose(s.fond.get());
-        QCOMPARE(gJeu, 1);
-        QVERIFY(s.played().isEmpty());
-        QVERIFY(s.fond->isVisible());
+        QVERIFY(s.fond->myTimer.isActive() && s.fond->isVisible());
         whenModal([this](QWidget *dialog) {
             askToClose(s.fond.get());
             QCOMPARE(QApplication::activeModalWidget(), dialog);
-            QTest::mouseClick(qobject_cast<frmMess *>(dialog)->reponse[2], Qt::LeftButton);
+            s.reply(QStringLiteral("Annuler"))(dialog);
         });
         s.clickMenu(3);
         QCOMPARE(s.played(), cues("008 009"));
-        QCOMPARE(gJeu, 1);
-
+        QCOMPARE(gJeu, 3);
+        gNomPartie = QStringLiteral("partie");
         s.answer(QStringLiteral("Abandonner"));
         s.clickMenu(3);
+        verifyIdle(*s.fond);
+        QCOMPARE(gNomJoueur, QStringLiteral("EVE"));
         QTimer::singleShot(0, [this] {
             s.answer(QStringLiteral("Oui"));
             askToClose(s.fond.get());

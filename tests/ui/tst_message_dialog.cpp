@@ -10,15 +10,6 @@ class TestMessageDialog : public QObject {
 
     std::unique_ptr<frmFond> fond;
 
-    // Opens AfficheMess, lets the test look at the dialog and click, and gives the answer.
-    QString ask(const QString &message, const QStringList &captions, bool boite, const QString &defaut,
-                std::function<void(frmMess *)> player)
-    {
-        whenModal([player](QWidget *dialog) { player(qobject_cast<frmMess *>(dialog)); });
-        return AfficheMess(fond->dialogOwner(), message, captions.value(0), captions.value(1), captions.value(2), boite,
-                           defaut);
-    }
-
 private slots:
     void init()
     {
@@ -59,7 +50,8 @@ private slots:
         QFETCH(QString, answer);
         fond->setEnabled(false); // as when a game asks: the dialog takes clicks all the same
         QStringList faults;
-        const QString given = ask(message, captions, boite, QStringLiteral("PAUL"), [&](frmMess *m) {
+        whenModal([&](QWidget *dialog) {
+            auto *m = qobject_cast<frmMess *>(dialog);
             QCOMPARE(m->labMess->text().split(QLatin1Char('\n')).first(),
                      message.section(QStringLiteral("\r\n"), 0, 0));
             QCOMPARE(m->txtReponse->isVisible(), boite);
@@ -73,26 +65,17 @@ private slots:
                 m->txtReponse->clear();
                 QTest::keyClicks(m->txtReponse, typed.trimmed());
             }
-            QTest::keyClick(m, Qt::Key_Escape);
-            QTest::keyClick(m, Qt::Key_Return);
+            for (Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) QTest::keyClick(m, key);
             if (captions.size() == 3) QTest::mouseClick(m->imgB[2], Qt::LeftButton, {}, QPoint(90, 1));
             QVERIFY(m->isVisible());
             QTest::mouseClick(m->reponse[clicked], Qt::LeftButton);
         });
+        const QString given = AfficheMess(fond->dialogOwner(), message, captions.value(0), captions.value(1),
+                                          captions.value(2), boite, QStringLiteral("PAUL"));
         QCOMPARE(given, answer);
         QCOMPARE(faults, QStringList(captions.size(), QString()));
         QCOMPARE(fond->tambour.played, QStringList({"marel008.wav", "marel009.wav"}));
         QVERIFY(!QApplication::activeModalWidget());
-    }
-
-    void ctrlKeptThroughADialog()
-    {
-        QTest::keyPress(fond.get(), Qt::Key_Control);
-        ask(QStringLiteral("?"), {QStringLiteral("Oui")}, false, {}, [](frmMess *m) {
-            QTest::keyRelease(m, Qt::Key_Control);
-            QTest::mouseClick(m->reponse[0], Qt::LeftButton);
-        });
-        QVERIFY(fond->mCtrl);
     }
 };
 

@@ -3,6 +3,7 @@
 // three outcomes, and the catalogue.
 #include "cue_player.h"
 #include "documents.h"
+#include "file_bytes.h"
 #include "frmFond.h"
 #include "modBase.h"
 #include "modal_answer.h"
@@ -23,17 +24,14 @@ class TestSoundDocuments : public QObject {
 
     QString viewerLog() const { return desktop.filePath(QStringLiteral("viewer.log")); }
 
-    // Registers a viewer for a type of document; an empty exec registers none.
-    void registerViewer(const QString &mimeType, const QString &exec)
+    // Writes a file of the desktop, in a folder made for it if need be.
+    void writeFile(const QString &name, const QByteArray &bytes, bool executable = false)
     {
-        QDir(desktop.path()).mkpath(QStringLiteral("data/applications"));
-        QFile entry(desktop.filePath(QStringLiteral("data/applications/test-viewer.desktop")));
-        QVERIFY(entry.open(QIODevice::WriteOnly));
-        entry.write("[Desktop Entry]\nType=Application\nName=Viewer\nExec=" + exec.toUtf8() + "\n");
-        entry.close();
-        QFile defaults(desktop.filePath(QStringLiteral("config/mimeapps.list")));
-        QVERIFY(defaults.open(QIODevice::WriteOnly));
-        if (!exec.isEmpty()) defaults.write("[Default Applications]\n" + mimeType.toUtf8() + "=test-viewer.desktop\n");
+        QDir(desktop.path()).mkpath(QFileInfo(name).path());
+        QFile file(desktop.filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        if (executable) file.setPermissions(file.permissions() | QFileDevice::ExeOwner);
     }
 
     // Whether a library whose file name holds this text is mapped into the process.
@@ -56,25 +54,21 @@ class TestSoundDocuments : public QObject {
 private slots:
     void initTestCase()
     {
-        QDir(desktop.path()).mkpath(QStringLiteral("config"));
         QDir(desktop.path()).mkpath(QStringLiteral("empty"));
-        qputenv("XDG_CONFIG_HOME", desktop.filePath(QStringLiteral("config")).toUtf8());
-        qputenv("XDG_DATA_HOME", desktop.filePath(QStringLiteral("data")).toUtf8());
-        qputenv("XDG_DATA_DIRS", desktop.filePath(QStringLiteral("empty")).toUtf8());
-        qputenv("XDG_CONFIG_DIRS", desktop.filePath(QStringLiteral("empty")).toUtf8());
-        QFile script(desktop.filePath(QStringLiteral("viewer.sh")));
-        QVERIFY(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\nprintf '%s\\n' \"$@\" >> \"" + viewerLog().toUtf8() + "\"\n");
-        script.close();
-        script.setPermissions(script.permissions() | QFileDevice::ExeOwner);
+        for (const auto &[variable, folder] : {std::pair{"XDG_CONFIG_HOME", "config"},
+                                               {"XDG_DATA_HOME", "data"},
+                                               {"XDG_DATA_DIRS", "empty"},
+                                               {"XDG_CONFIG_DIRS", "empty"}})
+            qputenv(variable, desktop.filePath(QLatin1String(folder)).toUtf8());
+        writeFile(QStringLiteral("viewer.sh"), "#!/bin/sh\nprintf '%s\\n' \"$@\" >> \"" + viewerLog().toUtf8() + "\"\n",
+                  true);
+        // A viewer that is there but whose interpreter is gone.
+        writeFile(QStringLiteral("broken-viewer"), "#!/nonexistent/interpreter\n", true);
         // The desktop's look-up of a viewer made slower, as it is on some desktops.
-        QDir(desktop.path()).mkpath(QStringLiteral("slow"));
-        QFile slow(desktop.filePath(QStringLiteral("slow/xdg-mime")));
-        QVERIFY(slow.open(QIODevice::WriteOnly));
-        slow.write("#!/bin/sh\nsleep 1\nexec " + QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).toUtf8()
-                   + " \"$@\"\n");
-        slow.close();
-        slow.setPermissions(slow.permissions() | QFileDevice::ExeOwner);
+        writeFile(QStringLiteral("slow/xdg-mime"),
+                  "#!/bin/sh\nsleep 1\nexec " + QStandardPaths::findExecutable(QStringLiteral("xdg-mime")).toUtf8()
+                      + " \"$@\"\n",
+                  true);
     }
 
     void init()
@@ -96,15 +90,11 @@ private slots:
     // First of all: once loaded, the player module stays for the life of the process.
     void aCueAskedBeforeThePlayerIsLoadedPlaysFromItsStartAndAllDecode()
     {
-        QVERIFY(!mapped(kCuePlayerModule));
-        QVERIFY(!mapped("libQt6Multimedia"));
+        QVERIFY(!mapped(kCuePlayerModule) && !mapped("libQt6Multimedia"));
         fond->show();
         JoueSon(fond->tambour, QStringLiteral("marel002.wav"));
         QVERIFY(mapped("libQt6Multimedia"));
-        QObject *wave = effectOf("marel002.wav");
-        QVERIFY(wave);
-        QVERIFY(wave->property("playing").toBool());
-        QTRY_COMPARE_WITH_TIMEOUT(wave->property("status").toString(), QStringLiteral("Ready"), 5000);
+        QVERIFY(effectOf("marel002.wav") && effectOf("marel002.wav")->property("playing").toBool());
         QCOMPARE(fond->tambour.played, QStringList({"marel002.wav"}));
         // The six cues come with the player and decode; a missing wave stops nothing.
         JoueSon(fond->tambour, QStringLiteral("absent.wav"));
@@ -116,81 +106,67 @@ private slots:
         }
     }
 
-    void helpOpensInTheRegisteredViewer()
+    // A registered viewer gets the help or the catalogue once for a double click on its picture; with
+    // none nothing shows; one that cannot start gives the warning box. The clock goes on counting while
+    // the desktop looks for the viewer, however long it takes.
+    void documentsOpenInTheViewerOrSayWhyNot_data()
     {
-        registerViewer(QStringLiteral("text/html"), desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
-        gJeu = 2;
-        OuvreAide(fond.get());
-        OuvreAide(fond.get()); // a second click while the first is on its way starts no second viewer
-        const QString aide = gCheminApp + QStringLiteral("aidemarelle/aide.htm");
-        const auto logged = [this] {
-            QFile log(viewerLog());
-            return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()).trimmed() : QString();
-        };
-        QTRY_COMPARE_WITH_TIMEOUT(logged(), aide, 5000);
-        QCOMPARE(openedDocuments(), QStringList({aide}));
-        QCOMPARE(gJeu, 2);
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("viewer");
+        QTest::addColumn<QString>("document");
+        QTest::addColumn<bool>("opens");
+        const QString html = QStringLiteral("text/html"), aide = QStringLiteral("aidemarelle/aide.htm");
+        QTest::newRow("help") << html << "viewer.sh %f" << aide << true;
+        QTest::newRow("help, no viewer") << html << QString() << aide << false;
+        QTest::newRow("help, viewer cannot start") << html << "broken-viewer %u" << aide << false;
+        QTest::newRow("catalogue") << "application/vnd.ms-htmlhelp"
+                                   << "viewer.sh %f"
+                                   << "catalogue.chm" << true;
     }
-
-    void noViewerIsSilent()
+    void documentsOpenInTheViewerOrSayWhyNot()
     {
-        registerViewer(QStringLiteral("text/html"), QString());
-        OuvreAide(fond.get());
-        QTRY_COMPARE_WITH_TIMEOUT(viewerLookUps(), 0, 5000);
-        QVERIFY(openedDocuments().isEmpty());
-        QVERIFY(!QApplication::activeModalWidget());
-    }
-
-    void aViewerThatCannotStartGivesTheWarningBox()
-    {
-        // A viewer that is there but whose interpreter is gone.
-        QFile broken(desktop.filePath(QStringLiteral("broken-viewer")));
-        QVERIFY(broken.open(QIODevice::WriteOnly));
-        broken.write("#!/nonexistent/interpreter\n");
-        broken.close();
-        broken.setPermissions(broken.permissions() | QFileDevice::ExeOwner);
-        registerViewer(QStringLiteral("text/html"), broken.fileName() + " %u");
+        QFETCH(QString, type);
+        QFETCH(QString, viewer);
+        QFETCH(QString, document);
+        QFETCH(bool, opens);
+        // The viewer registered as the desktop's default for the document's type, or none.
+        const QByteArray exec = viewer.isEmpty() ? QByteArray() : desktop.filePath(viewer).toUtf8();
+        writeFile(QStringLiteral("data/applications/test-viewer.desktop"),
+                  "[Desktop Entry]\nType=Application\nName=Viewer\nExec=" + exec + "\n");
+        writeFile(QStringLiteral("config/mimeapps.list"),
+                  exec.isEmpty() ? QByteArray()
+                                 : "[Default Applications]\n" + type.toUtf8() + "=test-viewer.desktop\n");
+        const QString path = gCheminApp + document;
+        const bool warns = viewer.startsWith(QLatin1String("broken"));
         QString shown;
-        whenModal([&](QWidget *dialog) {
-            auto *box = qobject_cast<QMessageBox *>(dialog);
-            QVERIFY(box && box->icon() == QMessageBox::Warning);
-            shown = box->windowTitle() + u'|' + box->text();
-            box->accept();
-        });
-        OuvreAide(fond.get());
-        QTRY_COMPARE_WITH_TIMEOUT(shown,
-                                  QStringLiteral("Marelle|Impossible d'ouvrir :\r\n") + gCheminApp
-                                      + QStringLiteral("aidemarelle/aide.htm"),
-                                  5000);
-        QVERIFY(openedDocuments().isEmpty());
-    }
-
-    void thePictureOpensTheCatalogue()
-    {
-        registerViewer(QStringLiteral("application/vnd.ms-htmlhelp"),
-                       desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
-        fond->show();
-        QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
-        QTest::mouseClick(fond->Picture1, Qt::LeftButton);
-        QTest::mouseClick(fond->Picture1, Qt::LeftButton); // a double click starts one viewer
-        QTRY_COMPARE_WITH_TIMEOUT(openedDocuments(), QStringList({gCheminApp + QStringLiteral("catalogue.chm")}), 5000);
-        QVERIFY(fond->tambour.played.isEmpty());
-    }
-
-    // The clock goes on counting while the desktop looks for the viewer, however long it takes.
-    void theClockRunsWhileHelpIsOpening()
-    {
-        registerViewer(QStringLiteral("text/html"), desktop.filePath(QStringLiteral("viewer.sh")) + " %f");
-        const QByteArray path = qgetenv("PATH");
-        qputenv("PATH", desktop.filePath(QStringLiteral("slow")).toUtf8() + ':' + path);
+        if (warns)
+            whenModal([&](QWidget *dialog) {
+                auto *box = qobject_cast<QMessageBox *>(dialog);
+                QVERIFY(box && box->icon() == QMessageBox::Warning);
+                shown = box->windowTitle() + u'|' + box->text();
+                box->accept();
+            });
+        const QByteArray searchPath = qgetenv("PATH");
+        qputenv("PATH", desktop.filePath(QStringLiteral("slow")).toUtf8() + ':' + searchPath);
         fond->show();
         QVERIFY(QTest::qWaitForWindowExposed(fond.get()));
         gJeu = 2;
         gTempsNiveau = 0;
         fond->myTimer.start(50);
-        QTest::mouseClick(fond->imgMenu[5], Qt::LeftButton);
-        QTRY_COMPARE_WITH_TIMEOUT(openedDocuments().size(), 1, 5000);
-        qputenv("PATH", path);
+        QWidget *picture =
+            document.endsWith(QLatin1String(".chm")) ? static_cast<QWidget *>(fond->Picture1) : fond->imgMenu[5];
+        QTest::mouseClick(picture, Qt::LeftButton);
+        QTest::mouseClick(picture,
+                          Qt::LeftButton); // a second click while the first is on its way starts no second viewer
+        QTRY_COMPARE_WITH_TIMEOUT(viewerLookUps(), 0, 5000);
+        qputenv("PATH", searchPath);
+        QTRY_COMPARE_WITH_TIMEOUT(shown, warns ? QStringLiteral("Marelle|Impossible d'ouvrir :\r\n") + path : QString(),
+                                  5000);
+        QTRY_COMPARE_WITH_TIMEOUT(QString::fromUtf8(readAll(viewerLog())).trimmed(), opens ? path : QString(), 5000);
+        QCOMPARE(openedDocuments(), opens ? QStringList({path}) : QStringList());
+        QVERIFY(!QApplication::activeModalWidget());
+        QVERIFY(fond->tambour.played.isEmpty());
+        QCOMPARE(gJeu, 2);
         QVERIFY2(gTempsNiveau >= 5, qPrintable(QStringLiteral("%1 ticks in a look-up of a second").arg(gTempsNiveau)));
     }
 };

@@ -11,28 +11,21 @@
 #include <numeric>
 #include <sstream>
 
-Q_DECLARE_METATYPE(std::vector<double>)
-
 class TestLevelTools : public QObject {
     Q_OBJECT
 
 private slots:
-    void rankCorrelation_data()
-    {
-        QTest::addColumn<std::vector<double>>("values");
-        QTest::addColumn<double>("correlation");
-        const double never = std::numeric_limits<double>::infinity();
-        QTest::newRow("rising") << std::vector<double>{1, 5, 6, 20} << 1.0;
-        QTest::newRow("falling") << std::vector<double>{4, 3, 2, 1} << -1.0;
-        QTest::newRow("ties share their rank") << std::vector<double>{1, 1, 2, 2} << 4 / std::sqrt(20.0);
-        QTest::newRow("a level never won ranks highest") << std::vector<double>{never, 1, 2, 3} << -0.2;
-        QTest::newRow("all alike") << std::vector<double>{3, 3, 3} << 0.0;
-    }
+    // Rising, falling, ties sharing their rank, a level never won ranking highest, all alike.
     void rankCorrelation()
     {
-        QFETCH(std::vector<double>, values);
-        QFETCH(double, correlation);
-        QVERIFY(std::abs(rankCorrelationWithIndex(values) - correlation) < 1e-12);
+        const double never = std::numeric_limits<double>::infinity();
+        const std::pair<std::vector<double>, double> cases[] = {{{1, 5, 6, 20}, 1.0},
+                                                                {{4, 3, 2, 1}, -1.0},
+                                                                {{1, 1, 2, 2}, 4 / std::sqrt(20.0)},
+                                                                {{never, 1, 2, 3}, -0.2},
+                                                                {{3, 3, 3}, 0.0}};
+        for (const auto &[values, correlation] : cases)
+            QVERIFY(std::abs(rankCorrelationWithIndex(values) - correlation) < 1e-12);
     }
 
     // A hundred rising levels with the last one easiest: the correlation stays above the bar, but
@@ -56,39 +49,27 @@ private slots:
         }
     }
 
-    void sameLevelUnderItsSymmetries_data()
-    {
-        // Records on a board of 4 columns and 3 rows.
-        QTest::addColumn<QString>("first");
-        QTest::addColumn<QString>("second");
-        QTest::addColumn<int>("symmetries");
-        QTest::addColumn<bool>("relabelled");
-        QTest::addColumn<bool>("same");
-        const int rectangle = int(Symmetries::Rectangle), square = int(Symmetries::Square);
-        QTest::newRow("moved") << "120030000000" << "000000120030" << rectangle << false << true;
-        QTest::newRow("mirrored") << "120030000000" << "002100030000" << rectangle << false << true;
-        QTest::newRow("turned half") << "120030000000" << "000000030021" << rectangle << false << true;
-        QTest::newRow("turned a quarter, rectangle") << "120030000000" << "310002000000" << rectangle << false << false;
-        QTest::newRow("turned a quarter, square") << "120030000000" << "310002000000" << square << false << true;
-        QTest::newRow("other values") << "120030000000" << "140030000000" << square << false << false;
-        QTest::newRow("other values relabelled") << "120030000000" << "140030000000" << square << true << true;
-        QTest::newRow("other shape") << "120030000000" << "123000000000" << square << true << false;
-    }
+    // Records on a board of 4 columns and 3 rows beside "120030000000": moved, mirrored, turned half,
+    // turned a quarter on a rectangle and on a square, other values, other values relabelled, another shape.
     void sameLevelUnderItsSymmetries()
     {
-        QFETCH(QString, first);
-        QFETCH(QString, second);
-        QFETCH(int, symmetries);
-        QFETCH(bool, relabelled);
-        QFETCH(bool, same);
+        const std::string first = "120030000000";
+        const auto rectangle = Symmetries::Rectangle, square = Symmetries::Square;
+        const std::tuple<std::string, Symmetries, bool, bool> cases[] = {
+            {"000000120030", rectangle, false, true}, {"002100030000", rectangle, false, true},
+            {"000000030021", rectangle, false, true}, {"310002000000", rectangle, false, false},
+            {"310002000000", square, false, true},    {"140030000000", square, false, false},
+            {"140030000000", square, true, true},     {"123000000000", square, true, false}};
         const Relabel allOnes = [](std::string cells) {
             for (char &c : cells) c = c == '0' ? '0' : '1';
             return cells;
         };
-        const LevelLayout layout{4, 3, Symmetries(symmetries), relabelled ? allOnes : nullptr};
-        const std::string store = first.toStdString() + second.toStdString();
-        QCOMPARE(canonicalForm(first.toStdString(), layout) == canonicalForm(second.toStdString(), layout), same);
-        QCOMPARE(repeatedLevels(store, layout).size(), size_t(same ? 1 : 0));
+        for (const auto &[second, symmetries, relabelled, same] : cases) {
+            const LevelLayout layout{4, 3, symmetries, relabelled ? allOnes : nullptr};
+            QVERIFY2((canonicalForm(first, layout) == canonicalForm(second, layout)) == same
+                         && repeatedLevels(first + second, layout).size() == size_t(same ? 1 : 0),
+                     second.c_str());
+        }
     }
 };
 
