@@ -15,9 +15,6 @@ inline QRect devicePixels(const QImage &image, QRect logical)
     return {logical.topLeft() * scaleOf(image), logical.size() * scaleOf(image)};
 }
 
-// The first of the image's own pixels at a logical point.
-inline QRgb pixelAt(const QImage &image, QPoint logical) { return image.pixel(logical * scaleOf(image)); }
-
 // A sprite copied as it is from a rectangle of the sheet.
 inline void putSprite(QImage &out, QPoint at, const QImage &sheet, QRect from)
 {
