@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -16,13 +17,15 @@ namespace {
 // A new file is written beside its target under a hidden name: a dot, the target's name, a dot and
 // six letters or digits. What a kill leaves of it is recognised by that name at the next start.
 constexpr char kSuffixCharacters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
+constexpr int kSuffixLength = 6;
 
 int openBeside(const QByteArray &target, QByteArray &temporary)
 {
     const qsizetype slash = target.lastIndexOf('/');
     for (int attempt = 0; attempt < 100; ++attempt) {
         temporary = target.left(slash + 1) + '.' + target.mid(slash + 1) + '.';
-        for (int i = 0; i < 6; ++i) temporary += kSuffixCharacters[QRandomGenerator::global()->bounded(62)];
+        for (int i = 0; i < kSuffixLength; ++i)
+            temporary += kSuffixCharacters[QRandomGenerator::global()->bounded(int(sizeof kSuffixCharacters) - 1)];
         const int fd = ::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (fd >= 0 || errno != EEXIST) return fd;
     }
@@ -143,10 +146,12 @@ bool keepBeside(const QString &path)
 
 void removeLeftovers(const QString &folder, const std::function<bool(const QString &)> &written)
 {
-    const auto suffixCharacter = [](QChar c) { return c.unicode() < 128 && c.isLetterOrNumber(); };
+    const auto suffixCharacter = [](QChar c) {
+        return c.unicode() != 0 && c.unicode() < 128 && std::strchr(kSuffixCharacters, c.toLatin1());
+    };
     const QDir dir(folder);
     for (const QString &name : dir.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
-        const qsizetype cut = name.size() - 7;
+        const qsizetype cut = name.size() - kSuffixLength - 1;
         if (cut < 2 || name[0] != u'.' || name[cut] != u'.') continue;
         const QStringView suffix = QStringView(name).sliced(cut + 1);
         if (std::all_of(suffix.begin(), suffix.end(), suffixCharacter) && written(name.sliced(1, cut - 1)))
