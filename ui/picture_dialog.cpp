@@ -29,7 +29,7 @@ void PictureDialog::paintEvent(QPaintEvent *)
     if (const int scale = artScaleFor(devicePixelRatioF()); scale != mFond.devicePixelRatio())
         mFond = artPicture(mPicture, scale);
     QPainter painter(this);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    smoothIfScaled(painter, mFond);
     painter.drawImage(rect(), mFond);
 }
 

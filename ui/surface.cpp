@@ -18,6 +18,15 @@ QImage readPicture(const QString &path)
     return reader.read();
 }
 
+void smoothIfScaled(QPainter &painter, const QImage &picture)
+{
+    // At the picture's own scale each pixel is copied as it is, on the paint engine's fast path;
+    // the smooth path would blend every pixel, on threads started for the purpose. On a screen
+    // whose ratio lies between two scales of the art, the picture is brought to it smoothly.
+    if (!qFuzzyCompare(painter.device()->devicePixelRatioF(), picture.devicePixelRatio()))
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+}
+
 qreal ratioOf(const QWidget *window)
 {
     return window ? window->devicePixelRatioF() : qApp->devicePixelRatio();
@@ -92,11 +101,14 @@ void Surface::keepCopy(const Copy &copy)
 void Surface::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    // At the image's own scale each pixel is copied as it is; on a screen whose ratio lies between
-    // two scales of the art, the image is brought to it smoothly.
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    const QRect area = event->rect();
-    painter.drawImage(area, image, QRect(area.topLeft() * mScale, area.size() * mScale));
+    smoothIfScaled(painter, image);
+    // Rectangle by rectangle: within one rectangle the paint engine copies the pixels row by row,
+    // where within a region of several (a window around its opaque children) it blends them span
+    // by span, on threads started for the purpose.
+    for (const QRect &area : event->region()) {
+        painter.setClipRect(area);
+        painter.drawImage(area, image, QRect(area.topLeft() * mScale, area.size() * mScale));
+    }
 }
 
 void Surface::mousePressEvent(QMouseEvent *event)

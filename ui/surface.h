@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QImage>
+#include <QPainter>
 #include <QWidget>
 #include <cstdint>
 #include <vector>
@@ -17,6 +18,8 @@ qreal ratioOf(const QWidget *window);
 QImage artPicture(const QString &name, int scale);
 // The resource path of that picture.
 QString artPath(const QString &name, int scale);
+// Asks the painter for smooth resampling where the picture's scale is not its device's.
+void smoothIfScaled(QPainter &painter, const QImage &picture);
 
 // Reads a picture in the format its suffix names. Qt reads BMP and PNG by itself, but when it has
 // to guess it first loads every image format plugin to ask each whether it reads them.

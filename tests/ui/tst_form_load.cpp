@@ -9,17 +9,26 @@
 #include <QFile>
 #include <QTest>
 
+namespace {
+
+qsizetype threadCount() { return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(); }
+
+} // namespace
+
 class TestFormLoad : public QObject {
     Q_OBJECT
 
 private slots:
-    // The idle window shows no text, so nothing before its first paint reads a font.
-    void theIdleWindowPaintsBeforeAnyFontIsRead()
+    // The idle window shows pictures and no text: its first paint reads no font, and copies the
+    // pixels around the catalogue rather than blending them on threads started for the purpose.
+    void theIdleWindowPaintsBeforeAnyFontIsReadOrThreadStarted()
     {
         frmFond fond;
         QVERIFY(fond.Form_Load());
+        const qsizetype threads = threadCount();
         fond.show();
         QVERIFY(QTest::qWaitForWindowExposed(&fond));
+        QCOMPARE(threadCount(), threads);
         QFile maps(QStringLiteral("/proc/self/maps"));
         QVERIFY(maps.open(QIODevice::ReadOnly));
         QVERIFY(!maps.readAll().contains("/fonts/"));
