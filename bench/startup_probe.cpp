@@ -128,13 +128,12 @@ private:
     XImage *read(Window w, const XWindowAttributes &a)
     {
         if (!mShm) return XGetImage(mDisplay, w, 0, 0, a.width, a.height, AllPlanes, ZPixmap);
-        if (!mShmImage || mShmImage->width != a.width || mShmImage->height != a.height ||
-            mShmImage->depth != a.depth) {
+        if (!mShmImage || mShmImage->width != a.width || mShmImage->height != a.height || mShmImage->depth != a.depth) {
             release();
             mShmImage = XShmCreateImage(mDisplay, a.visual, a.depth, ZPixmap, nullptr, &mSegment, a.width, a.height);
             if (!mShmImage) return nullptr;
-            mSegment.shmid = shmget(IPC_PRIVATE, static_cast<size_t>(mShmImage->bytes_per_line) * a.height,
-                                    IPC_CREAT | 0600);
+            mSegment.shmid =
+                shmget(IPC_PRIVATE, static_cast<size_t>(mShmImage->bytes_per_line) * a.height, IPC_CREAT | 0600);
             mSegment.shmaddr = mShmImage->data = static_cast<char *>(shmat(mSegment.shmid, nullptr, 0));
             mSegment.readOnly = False;
             XShmAttach(mDisplay, &mSegment);
@@ -235,8 +234,8 @@ std::string newTempFolder(const char *parent = nullptr)
     return buffer.data();
 }
 
-Run runOnce(Display *display, PixelReader &pixels, const std::string &home, const std::vector<std::string> &command, int minSide,
-            double idleSeconds, double limitSeconds)
+Run runOnce(Display *display, PixelReader &pixels, const std::string &home, const std::vector<std::string> &command,
+            int minSide, double idleSeconds, double limitSeconds)
 {
     Run run;
     // A desktop's runtime folder lies in memory (tmpfs), where writing a lock file waits for no disk.
@@ -360,25 +359,27 @@ int main(int argc, char *argv[])
         return 1;
     }
     XSetErrorHandler(ignoreXErrors);
-    PixelReader pixels(display);
 
     const bool ownHome = home.empty();
     if (ownHome) home = newTempFolder();
     if (home.empty()) return 1;
     mkdir(home.c_str(), 0700);
     int status = 0;
-    for (int r = 0; r < reps; ++r) {
-        const Run run = runOnce(display, pixels, home, command, minSide, idleSeconds, 30);
-        if (run.paintedMs < 0) {
-            std::fprintf(stderr, "startup_probe: run %d of %s failed\n", r + 1, command[0].c_str());
-            status = 1;
-            break;
+    {
+        PixelReader pixels(display); // let go of before the display closes
+        for (int r = 0; r < reps; ++r) {
+            const Run run = runOnce(display, pixels, home, command, minSide, idleSeconds, 30);
+            if (run.paintedMs < 0) {
+                std::fprintf(stderr, "startup_probe: run %d of %s failed\n", r + 1, command[0].c_str());
+                status = 1;
+                break;
+            }
+            std::printf("run mapped_ms=%.1f painted_ms=%.1f hwm_kb=%ld cpu_ms=%.1f", run.mappedMs, run.paintedMs,
+                        run.hwmKb, run.cpuMs);
+            if (run.idleCpuMs >= 0) std::printf(" idle_cpu_ms=%.0f", run.idleCpuMs);
+            std::printf("\n");
+            std::fflush(stdout);
         }
-        std::printf("run mapped_ms=%.1f painted_ms=%.1f hwm_kb=%ld cpu_ms=%.1f", run.mappedMs, run.paintedMs, run.hwmKb,
-                    run.cpuMs);
-        if (run.idleCpuMs >= 0) std::printf(" idle_cpu_ms=%.0f", run.idleCpuMs);
-        std::printf("\n");
-        std::fflush(stdout);
     }
     XCloseDisplay(display);
     if (ownHome) std::filesystem::remove_all(home);

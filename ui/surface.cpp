@@ -27,10 +27,7 @@ void smoothIfScaled(QPainter &painter, const QImage &picture)
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
 }
 
-qreal ratioOf(const QWidget *window)
-{
-    return window ? window->devicePixelRatioF() : qApp->devicePixelRatio();
-}
+qreal ratioOf(const QWidget *window) { return window ? window->devicePixelRatioF() : qApp->devicePixelRatio(); }
 
 int artScaleFor(qreal devicePixelRatio)
 {
