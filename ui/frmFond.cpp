@@ -6,6 +6,7 @@
 #include "fonts.h"
 #include "modBase.h"
 #include "pointers.h"
+#include "prefault.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -205,6 +206,7 @@ void frmFond::imgMove_MouseUp(Qt::MouseButton, Qt::KeyboardModifiers, double, do
 void frmFond::paintEvent(QPaintEvent *event)
 {
     if (devicePixelRatioF() != mRatio) showAtRatio(devicePixelRatioF());
+    if (!mPainted) prefaultBackingStore(this);
     Surface::paintEvent(event);
     if (!mPainted) {
         mPainted = true;

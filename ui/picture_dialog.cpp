@@ -3,6 +3,7 @@
 
 #include "fonts.h"
 #include "pointers.h"
+#include "prefault.h"
 #include "surface.h"
 
 #include <QApplication>
@@ -28,6 +29,8 @@ void PictureDialog::paintEvent(QPaintEvent *)
 {
     if (const int scale = artScaleFor(devicePixelRatioF()); scale != mFond.devicePixelRatio())
         mFond = artPicture(mPicture, scale);
+    if (!mPainted) prefaultBackingStore(this);
+    mPainted = true;
     QPainter painter(this);
     smoothIfScaled(painter, mFond);
     painter.drawImage(rect(), mFond);

@@ -30,4 +30,5 @@ protected:
 private:
     QString mPicture;
     QImage mFond;
+    bool mPainted = false;
 };

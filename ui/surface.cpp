@@ -2,6 +2,7 @@
 #include "surface.h"
 
 #include "bitblt.h"
+#include "prefault.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -15,7 +16,11 @@ QImage readPicture(const QString &path)
 {
     QImageReader reader(path, QFileInfo(path).suffix().toLatin1());
     reader.setAutoDetectImageFormat(false);
-    return reader.read();
+    // The reader decodes into an image of the size and format it announces when it is given one:
+    // made here, its memory is mapped in one go.
+    QImage picture(reader.size(), reader.imageFormat());
+    prefault(picture.constBits(), picture.sizeInBytes());
+    return reader.read(&picture) ? picture : QImage();
 }
 
 void smoothIfScaled(QPainter &painter, const QImage &picture)
@@ -58,6 +63,7 @@ void Surface::resizeSurface(int w, int h)
     mPicture.clear();
     mCopies.clear();
     image = QImage(QSize(w, h) * mScale, QImage::Format_RGB32);
+    prefault(image.constBits(), image.sizeInBytes());
     image.setDevicePixelRatio(mScale);
     image.fill(Qt::black);
     resize(w, h);
