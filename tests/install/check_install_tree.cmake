@@ -34,6 +34,17 @@ if(not_executable)
   fault("${PROGRAM_DIR}/marelle is not executable")
 endif()
 
+# The executable and the sound module find their libraries in the system's folders alone: a run-time
+# search path would be searched before them, for each library at each start.
+foreach(binary marelle marelle-sound.so)
+  if(EXISTS ${program}/${binary})
+    file(READ_ELF ${program}/${binary} RPATH rpath RUNPATH runpath CAPTURE_ERROR elf_error)
+    if(rpath OR runpath)
+      fault("${PROGRAM_DIR}/${binary} carries a library search path: ${rpath}${runpath}")
+    endif()
+  endif()
+endforeach()
+
 # The command on the path: a relative link that resolves to the program in its folder.
 set(command ${root}/${BIN_DIR}/marelle)
 if(NOT IS_SYMLINK ${command})
