@@ -25,9 +25,9 @@ QImage readPicture(const QString &path)
 
 void smoothIfScaled(QPainter &painter, const QImage &picture)
 {
-    // At the picture's own scale each pixel is copied as it is, on the paint engine's fast path;
-    // the smooth path would blend every pixel, on threads started for the purpose. On a screen
-    // whose ratio lies between two scales of the art, the picture is brought to it smoothly.
+    // At the picture's own scale each pixel is copied as it is, which the paint engine does
+    // fastest unsmoothed; on a screen whose ratio lies between two scales of the art, the picture
+    // is brought to it smoothly.
     if (!qFuzzyCompare(painter.device()->devicePixelRatioF(), picture.devicePixelRatio()))
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
 }
