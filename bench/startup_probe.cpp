@@ -16,8 +16,8 @@
 // the children of the root window); the first window that was not there before the start, is viewable
 // and at least MIN-SIDE pixels each way is the program's window: that time is "mapped". From then on
 // it reads the window's pixels (through shared memory) every millisecond; the first read in which the
-// pixels are not all one colour is "painted", and stops the clock. The display's root is black, so a window that
-// has not painted yet reads as one colour. At that moment the probe reads the program's peak resident
+// pixels are not all one colour is "painted", and stops the clock. The display's root is black, so a
+// window that has not painted yet reads as one colour. At that moment the probe reads the program's peak resident
 // memory so far (VmHWM of /proc/PID/status) and the processor time its threads have used (schedstat),
 // then sends it SIGTERM.
 //
@@ -134,7 +134,15 @@ private:
             if (!mShmImage) return nullptr;
             mSegment.shmid =
                 shmget(IPC_PRIVATE, static_cast<size_t>(mShmImage->bytes_per_line) * a.height, IPC_CREAT | 0600);
-            mSegment.shmaddr = mShmImage->data = static_cast<char *>(shmat(mSegment.shmid, nullptr, 0));
+            void *memory = mSegment.shmid < 0 ? reinterpret_cast<void *>(-1) : shmat(mSegment.shmid, nullptr, 0);
+            if (memory == reinterpret_cast<void *>(-1)) { // no shared memory to be had: read over the socket
+                if (mSegment.shmid >= 0) shmctl(mSegment.shmid, IPC_RMID, nullptr);
+                XDestroyImage(mShmImage);
+                mShmImage = nullptr;
+                mShm = false;
+                return XGetImage(mDisplay, w, 0, 0, a.width, a.height, AllPlanes, ZPixmap);
+            }
+            mSegment.shmaddr = mShmImage->data = static_cast<char *>(memory);
             mSegment.readOnly = False;
             XShmAttach(mDisplay, &mSegment);
             XSync(mDisplay, False);

@@ -53,6 +53,20 @@ QImage artPicture(const QString &name, int scale)
     return picture;
 }
 
+namespace {
+
+// A black image of `logical` pixels at a scale, its memory mapped in one go before it is filled.
+QImage blackImage(QSize logical, int scale)
+{
+    QImage black(logical * scale, QImage::Format_RGB32);
+    prefault(black.constBits(), black.sizeInBytes());
+    black.setDevicePixelRatio(scale);
+    black.fill(Qt::black);
+    return black;
+}
+
+} // namespace
+
 Surface::Surface(QWidget *parent) : QWidget(parent), mScale(artScaleFor(devicePixelRatioF()))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -62,10 +76,7 @@ void Surface::resizeSurface(int w, int h)
 {
     mPicture.clear();
     mCopies.clear();
-    image = QImage(QSize(w, h) * mScale, QImage::Format_RGB32);
-    prefault(image.constBits(), image.sizeInBytes());
-    image.setDevicePixelRatio(mScale);
-    image.fill(Qt::black);
+    image = blackImage(QSize(w, h), mScale);
     resize(w, h);
 }
 
@@ -83,13 +94,7 @@ void Surface::redrawAt(int scale)
 {
     const QSize logical = image.deviceIndependentSize().toSize();
     mScale = scale;
-    if (mPicture.isEmpty()) {
-        image = QImage(logical * scale, QImage::Format_RGB32);
-        image.setDevicePixelRatio(scale);
-        image.fill(Qt::black);
-    } else {
-        image = artPicture(mPicture, scale);
-    }
+    image = mPicture.isEmpty() ? blackImage(logical, scale) : artPicture(mPicture, scale);
     for (const Copy &copy : mCopies)
         BitBlt(image, copy.to.x(), copy.to.y(), copy.to.width(), copy.to.height(), copy.from->image, copy.fromAt.x(),
                copy.fromAt.y(), copy.rop);
